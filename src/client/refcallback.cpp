@@ -1,0 +1,84 @@
+#include "client/refcallback.h"
+
+#include "client/ordertype.h"
+#include "io/columnstream.h"
+
+#include <QString>
+
+#include <iterator>
+
+namespace sigdb {
+
+namespace {
+
+/// Decodes one answer record from the stream and hands it to its callback; false when the
+/// record did not decode.
+using Dispatch = bool (*)(RefCallback &callback, ColumnReader &reader);
+
+struct Route
+{
+    int orderType;
+    Dispatch dispatch; // null while the record type of the row is not available
+    const char *failureText;
+};
+
+// The dispatch table. The double blanks before "failed" in three texts are part of the
+// interface and are kept.
+const Route kRoutes[] = {
+    {OrderType_GetElementOverview, nullptr,
+     "deserialize ElementOverview (callbackElementOverview) failed"},
+    {OrderType_GetElementOverviewList, nullptr,
+     "deserialize ElementOverviewList (callbackElementOverviewList)  failed"},
+    {OrderType_GetElementDetailList, nullptr, "deserialize ElementDetailsList  failed"},
+    {OrderType_CreateElement, nullptr, "deserialize ElementOverview (callbackElementCreated) failed"},
+    {OrderType_ChangeElement, nullptr, "deserialize ElementOverview (callbackElementChanged) failed"},
+    {OrderType_ChangeLink, nullptr, "deserialize LinkChangeDefinition failed"},
+    {OrderType_ChangePlotEntry, nullptr, "deserialize PlotEntryList  failed"},
+    {OrderType_NewElementWithLink, nullptr, "deserialize ElementOverviewList  failed"},
+};
+
+const Route *findRoute(int orderType)
+{
+    for (const Route &route : kRoutes) {
+        if (route.orderType == orderType)
+            return &route;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+RefCallback::RefCallback() = default;
+RefCallback::RefCallback(const RefCallback &other) = default;
+RefCallback &RefCallback::operator=(const RefCallback &other) = default;
+RefCallback::~RefCallback() = default;
+
+void RefCallback::callbackElementOverviewList(ElementOverviewList &) {}
+void RefCallback::callbackElementOverview(ElementOverview &) {}
+void RefCallback::callbackElementDetailList(ElementDetailsList &) {}
+void RefCallback::callbackElementCreated(ElementOverview &) {}
+void RefCallback::callbackLinkChanged(LinkChangeDefinition &) {}
+void RefCallback::callbackPlotEntryList(PlotEntryList &) {}
+void RefCallback::callbackNewElementWithLink(ElementOverviewList &) {}
+void RefCallback::callbackElementChanged(ElementOverview &) {}
+
+bool RefCallback::callbackRawData(int orderType, const QByteArray &data)
+{
+    if (orderType < OrderType_RangeFirst || orderType > OrderType_RangeLast)
+        return false;
+
+    const Route *route = findRoute(orderType);
+    if (!route) {
+        callbackErrorMessage(QStringLiteral("RefCallback::callbackRawData::unknown orderType %1 ")
+                                 .arg(orderType)
+                                 .toStdString());
+        return false;
+    }
+
+    ColumnReader reader(data);
+    if (!route->dispatch || !route->dispatch(*this, reader))
+        callbackErrorMessage(route->failureText);
+    return true;
+}
+
+} // namespace sigdb

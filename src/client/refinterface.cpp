@@ -1,0 +1,44 @@
+#include "client/refinterface.h"
+
+#include "client/sigdbelementwithmaxcount.h"
+#include "client/refcallback.h"
+#include "core/elementlist.h"
+
+namespace sigdb {
+
+RefInterface::RefInterface() = default;
+RefInterface::RefInterface(const RefInterface &other) = default;
+RefInterface &RefInterface::operator=(const RefInterface &other) = default;
+RefInterface::~RefInterface() = default;
+
+int RefInterface::send(int orderType, const base::DbBaseType &record, const BaseCallback *callback)
+{
+    return addData(callback, orderType, &record);
+}
+
+int RefInterface::getElementOverview(SigdbElement &element, const RefCallback *callback)
+{
+    return send(OrderType_GetElementOverview, element, callback);
+}
+
+int RefInterface::getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback)
+{
+    return send(OrderType_GetElementSubElementList, element, callback);
+}
+
+int RefInterface::getElementDetailList(ElementList &elements, const RefCallback *callback)
+{
+    return send(OrderType_GetElementDetailList, elements, callback);
+}
+
+int RefInterface::deleteElement(SigdbElement &element, const RefCallback *callback)
+{
+    return send(OrderType_DeleteElement, element, callback);
+}
+
+int RefInterface::approveElement(SigdbElement &element, const RefCallback *callback)
+{
+    return send(OrderType_ApproveElement, element, callback);
+}
+
+} // namespace sigdb

@@ -1,0 +1,44 @@
+#ifndef SIGDB_CLIENT_REFINTERFACE_H
+#define SIGDB_CLIENT_REFINTERFACE_H
+
+#include "sigdbref_export.h"
+
+#include "client/ordertype.h"
+#include "core/baseinterface.h"
+
+namespace sigdb {
+
+class ElementList;
+class RefCallback;
+class SigdbElement;
+class SigdbElementWithMaxCount;
+
+/// The request side of the reference-data interface: one method per kind of order. Each
+/// method hands its record, its fixed order type and the callback that is to receive the
+/// answer to BaseInterface::addData() and returns what addData() returned.
+class SIGDBREF_EXPORT RefInterface : public BaseInterface
+{
+public:
+    RefInterface();
+    RefInterface(const RefInterface &other);
+    RefInterface &operator=(const RefInterface &other);
+    ~RefInterface() override;
+
+    /// Order 5001: the overview of one element.
+    int getElementOverview(SigdbElement &element, const RefCallback *callback);
+    /// Order 5003: the sub-elements of an element, paged.
+    int getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback);
+    /// Order 5004: the details of every element of the list.
+    int getElementDetailList(ElementList &elements, const RefCallback *callback);
+    /// Order 5007: deletes an element.
+    int deleteElement(SigdbElement &element, const RefCallback *callback);
+    /// Order 5008: approves (or rejects) the changes of an element.
+    int approveElement(SigdbElement &element, const RefCallback *callback);
+
+private:
+    int send(int orderType, const base::DbBaseType &record, const BaseCallback *callback);
+};
+
+} // namespace sigdb
+
+#endif

@@ -1,0 +1,136 @@
+#include "core/elementlist.h"
+
+#include "io/columnstream.h"
+#include "io/listcodec.h"
+
+#include <algorithm>
+
+namespace sigdb {
+
+ElementList::ElementList() = default;
+ElementList::ElementList(const ElementList &other) = default;
+ElementList::~ElementList() = default;
+
+ElementList &ElementList::operator=(const ElementList &other)
+{
+    if (this == &other)
+        return *this;
+    base::DbBaseType::operator=(other);
+    m_entries = other.m_entries;
+    m_cursor = other.m_cursor;
+    m_startId = other.m_startId;
+    return *this;
+}
+
+base::DbBaseType *ElementList::getCopy(const base::DbBaseType *source)
+{
+    auto *copy = new ElementList;
+    if (const auto *list = dynamic_cast<const ElementList *>(source))
+        *copy = *list;
+    return copy;
+}
+
+void ElementList::reset()
+{
+    clear();
+    m_cursor = 0;
+}
+
+void ElementList::serialize(QByteArray &out) const
+{
+    ColumnWriter writer(out);
+    const_cast<ElementList *>(this)->setIDs(0);
+    writeTo(writer, false);
+}
+
+int ElementList::setIDs(int startId)
+{
+    m_startId = startId;
+    for (SigdbElement &entry : m_entries)
+        entry.setIDs(startId);
+    return startId + SigdbElement::ColumnCount;
+}
+
+void ElementList::writeTo(ColumnWriter &writer, bool skipUndefined) const
+{
+    if (!skipUndefined) {
+        writeListEntries(writer, CountTag, m_entries,
+                         [&writer](const SigdbElement &entry) { entry.writeTo(writer); });
+        return;
+    }
+    std::vector<const SigdbElement *> defined;
+    for (const SigdbElement &entry : m_entries) {
+        if (!entry.isUndefined())
+            defined.push_back(&entry);
+    }
+    writeListEntries(writer, CountTag, defined,
+                     [&writer](const SigdbElement *entry) { entry->writeTo(writer); });
+}
+
+bool ElementList::readFrom(ColumnReader &reader)
+{
+    return readListEntries(reader, CountTag, [this, &reader]() {
+        SigdbElement entry;
+        entry.setIDs(m_startId);
+        if (!entry.readFrom(reader))
+            return false;
+        m_entries.push_back(std::move(entry));
+        return true;
+    });
+}
+
+void ElementList::appendEntry(const SigdbElement &element)
+{
+    m_entries.push_back(element);
+}
+
+bool ElementList::appendEntryNoDuplicate(const SigdbElement &element)
+{
+    if (containsEntry(element))
+        return false;
+    m_entries.push_back(element);
+    return true;
+}
+
+void ElementList::clear()
+{
+    m_entries.clear();
+}
+
+bool ElementList::containsEntry(const SigdbElement &element) const
+{
+    return std::find(m_entries.begin(), m_entries.end(), element) != m_entries.end();
+}
+
+bool ElementList::containsElementOfType(int type) const
+{
+    return std::any_of(m_entries.begin(), m_entries.end(),
+                       [type](const SigdbElement &e) { return e.type() == type; });
+}
+
+void ElementList::removeFirstElementOfType(int type)
+{
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [type](const SigdbElement &e) { return e.type() == type; });
+    if (found != m_entries.end())
+        m_entries.erase(found);
+}
+
+SigdbElement *ElementList::getNextEntry()
+{
+    if (m_cursor >= m_entries.size())
+        return nullptr;
+    return &m_entries[m_cursor++];
+}
+
+bool operator==(const ElementList &a, const ElementList &b)
+{
+    return a.container() == b.container();
+}
+
+bool operator!=(const ElementList &a, const ElementList &b)
+{
+    return !(a == b);
+}
+
+} // namespace sigdb

@@ -1,0 +1,98 @@
+#ifndef SIGDB_CORE_LOCATIONENTRY_H
+#define SIGDB_CORE_LOCATIONENTRY_H
+
+#include "sigdbcore_export.h"
+
+#include "base/dbbasetype.h"
+#include "base/dbdatatype.h"
+#include "core/sigdbenums.h"
+
+#include <string>
+#include <vector>
+
+namespace sigdb {
+
+class ColumnReader;
+class ColumnWriter;
+
+/// One location of an element: a position, the time from which it holds, and how it was found
+/// and changed. Encoded as its five columns in field order.
+class SIGDBCORE_EXPORT LocationEntry : public base::DbBaseType
+{
+public:
+    static constexpr int ColumnCount = 5;
+
+    LocationEntry();
+    LocationEntry(const LocationEntry &other);
+    ~LocationEntry() override;
+    using base::DbBaseType::operator=;
+    LocationEntry &operator=(const LocationEntry &other);
+
+    base::DbBaseType *getCopy(const base::DbBaseType *source) override;
+    void reset() override;
+    void serialize(QByteArray &out) const override;
+    /// Numbers the five columns from \a startId + 1; returns the last id given.
+    virtual int setIDs(int startId);
+
+    void writeTo(ColumnWriter &writer) const;
+    bool readFrom(ColumnReader &reader);
+
+    base::DbDataType<double> latitude;
+    base::DbDataType<double> longitude;
+    /// The time from which the location holds, as "yyyy-MM-dd hh:mm:ss"; sorts as text.
+    base::DbDataType<std::string> validFrom;
+    base::DbDataType<Location_Indication_Type> indication;
+    base::DbDataType<Location_Modification_Type> modification;
+};
+
+SIGDBCORE_EXPORT bool operator==(const LocationEntry &a, const LocationEntry &b);
+SIGDBCORE_EXPORT bool operator!=(const LocationEntry &a, const LocationEntry &b);
+
+/// The location history of an element. Every entry is numbered from the list's start id, so
+/// all entries carry the same column ids.
+class SIGDBCORE_EXPORT LocationEntryList : public base::DbBaseType
+{
+public:
+    /// Tag of the count frame.
+    static constexpr int CountTag = 2;
+
+    LocationEntryList();
+    LocationEntryList(const LocationEntryList &other);
+    ~LocationEntryList() override;
+    using base::DbBaseType::operator=;
+    LocationEntryList &operator=(const LocationEntryList &other);
+
+    base::DbBaseType *getCopy(const base::DbBaseType *source) override;
+    void reset() override;
+    void serialize(QByteArray &out) const override;
+    /// Numbers every entry from \a startId; returns the last id an entry gets (also when the
+    /// list is empty, so that what follows the list is numbered alike on both sides).
+    int setIDs(int startId);
+    int startID() const { return m_startId; }
+
+    void writeTo(ColumnWriter &writer) const;
+    bool readFrom(ColumnReader &reader);
+
+    void appendEntry(const LocationEntry &entry);
+    void clear();
+    int count() const { return static_cast<int>(m_entries.size()); }
+    const std::vector<LocationEntry> &container() const { return m_entries; }
+    void setIteratorToStart() { m_cursor = 0; }
+    LocationEntry *getNextEntry();
+
+    /// Sorts the entries by their validFrom time (NULL times first), keeping equal times in order.
+    void sortByTime();
+    /// True when both lists hold equal entries in the same order.
+    bool testCompare(const LocationEntryList &other) const;
+
+private:
+    std::vector<LocationEntry> m_entries;
+    size_t m_cursor = 0;
+    int m_startId = 0;
+};
+
+SIGDBCORE_EXPORT bool operator==(const LocationEntryList &a, const LocationEntryList &b);
+
+} // namespace sigdb
+
+#endif
