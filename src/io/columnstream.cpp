@@ -166,6 +166,14 @@ qint64 ColumnReader::bytesLeft() const
 
 void ColumnReader::readHeader(qint16 &tag, qint16 &size)
 {
+    // A header cut short by the end of the input reads like one past the end: tag 0, size 0.
+    // Keeping a complete tag with a missing size would read a truncated frame as a valid NULL.
+    if (bytesLeft() < 4) {
+        m_stream.skipRawData(static_cast<int>(qMax<qint64>(bytesLeft(), 0)));
+        tag = 0;
+        size = 0;
+        return;
+    }
     m_stream >> tag >> size;
 }
 
@@ -182,6 +190,11 @@ bool ColumnReader::readFixed(Column &value, qint16 expectedSize)
     }
     if (size != expectedSize)
         return false;
+    if (bytesLeft() < expectedSize) {
+        // A value cut short by the end of the input is not a value.
+        m_stream.skipRawData(static_cast<int>(bytesLeft()));
+        return false;
+    }
     Wire wire = 0;
     m_stream >> wire;
     using Value = std::decay_t<decltype(value.getData())>;

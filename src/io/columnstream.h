@@ -26,7 +26,7 @@ namespace sigdb {
 // against its writer at a glance. Every reader returns false on a size that does not match the
 // kind of value and otherwise reports whether the tag matched the target's column id (checked
 // after the value has been consumed). Reading past the end yields tag 0 and size 0, which read
-// as NULL values.
+// as NULL values; a header cut short reads the same way, and a value cut short fails.
 
 /// The byte size of a value kind in its frame.
 enum ColumnSize : qint16 {

@@ -1,0 +1,93 @@
+#include "io/listcodec.h"
+
+#include "testsupport.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using sigdb::ColumnReader;
+using sigdb::ColumnWriter;
+using sigdbtest::bytes;
+using sigdbtest::hex;
+
+namespace {
+
+bool readShorts(ColumnReader &reader, std::vector<qint16> &out)
+{
+    return sigdb::readListEntries(reader, 9, [&]() {
+        qint16 value = 0;
+        if (!reader.readShortField(1, value))
+            return false;
+        out.push_back(value);
+        return true;
+    });
+}
+
+} // namespace
+
+TEST(ListCodec, WritesCountThenEntries)
+{
+    QByteArray out;
+    {
+        ColumnWriter writer(out);
+        const std::vector<qint16> entries{5, 6};
+        sigdb::writeListEntries(writer, 9, entries,
+                                [&writer](qint16 v) { writer.writeShortField(1, v); });
+    }
+    EXPECT_EQ(hex(out), hex(bytes("0009 0008 0000000000000002  0001 0002 0005  0001 0002 0006")));
+}
+
+TEST(ListCodec, CountZeroReadsNothingMore)
+{
+    const QByteArray data = bytes("0009 0008 0000000000000000 0001 0002 0005");
+    ColumnReader reader(data);
+    std::vector<qint16> out;
+    EXPECT_TRUE(readShorts(reader, out));
+    EXPECT_TRUE(out.empty());
+    EXPECT_EQ(reader.offset(), 12);
+}
+
+TEST(ListCodec, NegativeCountEndsTheList)
+{
+    const QByteArray data = bytes("0009 0008 ffffffffffffffff");
+    ColumnReader reader(data);
+    std::vector<qint16> out;
+    EXPECT_TRUE(readShorts(reader, out));
+    EXPECT_TRUE(out.empty());
+}
+
+TEST(ListCodec, WrongCountTagOrSizeFails)
+{
+    std::vector<qint16> out;
+    const QByteArray wrongTag = bytes("0008 0008 0000000000000001 0001 0002 0005");
+    ColumnReader tagReader(wrongTag);
+    EXPECT_FALSE(readShorts(tagReader, out));
+    const QByteArray wrongSize = bytes("0009 0004 00000001");
+    ColumnReader sizeReader(wrongSize);
+    EXPECT_FALSE(readShorts(sizeReader, out));
+}
+
+TEST(ListCodec, HugeCountStopsAtTheEndOfTheInput)
+{
+    const QByteArray data = bytes("0009 0008 7fffffffffffffff  0001 0002 0005");
+    ColumnReader reader(data);
+    std::vector<qint16> out;
+    EXPECT_FALSE(readShorts(reader, out));
+    EXPECT_EQ(out, std::vector<qint16>{5}) << "entries read before the failure stay";
+}
+
+TEST(ListCodec, EntriesThatWouldReadFromNothingStopTheList)
+{
+    // An entry whose every column could read NULL from an exhausted stream must still not be
+    // appended over and over.
+    const QByteArray data = bytes("0009 0008 7fffffffffffffff");
+    ColumnReader reader(data);
+    int entries = 0;
+    EXPECT_FALSE(sigdb::readListEntries(reader, 9, [&]() {
+        base::DbDataType<std::string> text;
+        ++entries;
+        return reader.read(text);
+    }));
+    EXPECT_EQ(entries, 0);
+}
