@@ -16,9 +16,7 @@ ElementList &ElementList::operator=(const ElementList &other)
     if (this == &other)
         return *this;
     base::DbBaseType::operator=(other);
-    m_entries = other.m_entries;
-    m_cursor = other.m_cursor;
-    m_startId = other.m_startId;
+    EntrySequence<SigdbElement>::operator=(other);
     return *this;
 }
 
@@ -79,22 +77,12 @@ bool ElementList::readFrom(ColumnReader &reader)
     });
 }
 
-void ElementList::appendEntry(const SigdbElement &element)
-{
-    m_entries.push_back(element);
-}
-
 bool ElementList::appendEntryNoDuplicate(const SigdbElement &element)
 {
     if (containsEntry(element))
         return false;
     m_entries.push_back(element);
     return true;
-}
-
-void ElementList::clear()
-{
-    m_entries.clear();
 }
 
 bool ElementList::containsEntry(const SigdbElement &element) const
@@ -114,13 +102,6 @@ void ElementList::removeFirstElementOfType(int type)
                                     [type](const SigdbElement &e) { return e.type() == type; });
     if (found != m_entries.end())
         m_entries.erase(found);
-}
-
-SigdbElement *ElementList::getNextEntry()
-{
-    if (m_cursor >= m_entries.size())
-        return nullptr;
-    return &m_entries[m_cursor++];
 }
 
 bool operator==(const ElementList &a, const ElementList &b)

@@ -3,6 +3,7 @@
 
 #include "sigdbcore_export.h"
 
+#include "core/entrysequence.h"
 #include "core/sigdbelement.h"
 
 #include <vector>
@@ -12,7 +13,7 @@ namespace sigdb {
 /// A list of element identities (for example the elements whose details are requested, or
 /// the elements linked uniquely to an overview). Every entry is numbered from the list's start
 /// id, so all entries carry the same column ids.
-class SIGDBCORE_EXPORT ElementList : public base::DbBaseType
+class SIGDBCORE_EXPORT ElementList : public base::DbBaseType, public EntrySequence<SigdbElement>
 {
 public:
     /// Tag of the count frame.
@@ -31,32 +32,18 @@ public:
     /// Numbers every entry from \a startId; returns the last id an entry gets (also when the
     /// list is empty, so that what follows the list is numbered alike on both sides).
     int setIDs(int startId);
-    int startID() const { return m_startId; }
 
     /// Writes the count frame and the entries; with \a skipUndefined, undefined elements are
     /// left out (and not counted).
     void writeTo(ColumnWriter &writer, bool skipUndefined) const;
     bool readFrom(ColumnReader &reader);
 
-    void appendEntry(const SigdbElement &element);
     /// Appends unless an equal element is present; returns whether it was appended.
     bool appendEntryNoDuplicate(const SigdbElement &element);
-    void clear();
-    int count() const { return static_cast<int>(m_entries.size()); }
     bool containsEntry(const SigdbElement &element) const;
     bool containsElementOfType(int type) const;
     /// Removes the first element of \a type, if any.
     void removeFirstElementOfType(int type);
-    const std::vector<SigdbElement> &container() const { return m_entries; }
-
-    void setIteratorToStart() { m_cursor = 0; }
-    /// The element under the cursor, advancing it; null after the last.
-    SigdbElement *getNextEntry();
-
-private:
-    std::vector<SigdbElement> m_entries;
-    size_t m_cursor = 0;
-    int m_startId = 0;
 };
 
 /// Equal elements in the same order.

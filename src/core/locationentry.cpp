@@ -89,9 +89,7 @@ LocationEntryList &LocationEntryList::operator=(const LocationEntryList &other)
     if (this == &other)
         return *this;
     base::DbBaseType::operator=(other);
-    m_entries = other.m_entries;
-    m_cursor = other.m_cursor;
-    m_startId = other.m_startId;
+    EntrySequence<LocationEntry>::operator=(other);
     return *this;
 }
 
@@ -140,23 +138,6 @@ bool LocationEntryList::readFrom(ColumnReader &reader)
         m_entries.push_back(std::move(entry));
         return true;
     });
-}
-
-void LocationEntryList::appendEntry(const LocationEntry &entry)
-{
-    m_entries.push_back(entry);
-}
-
-void LocationEntryList::clear()
-{
-    m_entries.clear();
-}
-
-LocationEntry *LocationEntryList::getNextEntry()
-{
-    if (m_cursor >= m_entries.size())
-        return nullptr;
-    return &m_entries[m_cursor++];
 }
 
 void LocationEntryList::sortByTime()

@@ -5,6 +5,7 @@
 
 #include "base/dbbasetype.h"
 #include "base/dbdatatype.h"
+#include "core/entrysequence.h"
 #include "core/sigdbenums.h"
 
 #include <string>
@@ -50,7 +51,7 @@ SIGDBCORE_EXPORT bool operator!=(const LocationEntry &a, const LocationEntry &b)
 
 /// The location history of an element. Every entry is numbered from the list's start id, so
 /// all entries carry the same column ids.
-class SIGDBCORE_EXPORT LocationEntryList : public base::DbBaseType
+class SIGDBCORE_EXPORT LocationEntryList : public base::DbBaseType, public EntrySequence<LocationEntry>
 {
 public:
     /// Tag of the count frame.
@@ -68,27 +69,14 @@ public:
     /// Numbers every entry from \a startId; returns the last id an entry gets (also when the
     /// list is empty, so that what follows the list is numbered alike on both sides).
     int setIDs(int startId);
-    int startID() const { return m_startId; }
 
     void writeTo(ColumnWriter &writer) const;
     bool readFrom(ColumnReader &reader);
-
-    void appendEntry(const LocationEntry &entry);
-    void clear();
-    int count() const { return static_cast<int>(m_entries.size()); }
-    const std::vector<LocationEntry> &container() const { return m_entries; }
-    void setIteratorToStart() { m_cursor = 0; }
-    LocationEntry *getNextEntry();
 
     /// Sorts the entries by their validFrom time (NULL times first), keeping equal times in order.
     void sortByTime();
     /// True when both lists hold equal entries in the same order.
     bool testCompare(const LocationEntryList &other) const;
-
-private:
-    std::vector<LocationEntry> m_entries;
-    size_t m_cursor = 0;
-    int m_startId = 0;
 };
 
 SIGDBCORE_EXPORT bool operator==(const LocationEntryList &a, const LocationEntryList &b);
