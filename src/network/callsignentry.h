@@ -1,0 +1,81 @@
+#ifndef SIGDB_NETWORK_CALLSIGNENTRY_H
+#define SIGDB_NETWORK_CALLSIGNENTRY_H
+
+#include "sigdbref_export.h"
+
+#include "base/dbbasetype.h"
+#include "base/dbdatatype.h"
+#include "core/entrysequence.h"
+
+#include <string>
+
+namespace sigdb {
+
+/// The callsigns of one connection within a callsign set: four callsign texts (each may hold
+/// several callsigns joined by "/") and a number. Travels only inside its callsign table, so
+/// serialize() writes nothing.
+class SIGDBREF_EXPORT CallsignEntry : public base::DbBaseType
+{
+public:
+    CallsignEntry();
+    CallsignEntry(const CallsignEntry &other);
+    ~CallsignEntry() override;
+    using base::DbBaseType::operator=;
+    CallsignEntry &operator=(const CallsignEntry &other);
+
+    base::DbBaseType *getCopy(const base::DbBaseType *source) override;
+    /// Every value NULL: the number 0, the texts empty.
+    void reset() override;
+    void serialize(QByteArray &out) const override;
+    /// The four texts get \a start + 1 to \a start + 4; returns \a start + 4. The number keeps
+    /// its id.
+    int setIDs(int start);
+
+    /// A number carried with the entry; neither numbered nor compared.
+    base::DbDataType<unsigned long long> entryNumber;
+    base::DbDataType<std::string> firstCallsign;
+    base::DbDataType<std::string> secondCallsign;
+    base::DbDataType<std::string> thirdCallsign;
+    base::DbDataType<std::string> fourthCallsign;
+};
+
+/// Equal when the four callsign texts are equal (NULL only equals NULL).
+SIGDBREF_EXPORT bool operator==(const CallsignEntry &a, const CallsignEntry &b);
+SIGDBREF_EXPORT bool operator!=(const CallsignEntry &a, const CallsignEntry &b);
+
+/// The callsign entries of one set, one per connection of the table.
+class SIGDBREF_EXPORT CallsignEntryList : public base::DbBaseType, public EntrySequence<CallsignEntry>
+{
+public:
+    CallsignEntryList();
+    CallsignEntryList(const CallsignEntryList &other);
+    ~CallsignEntryList() override;
+    using base::DbBaseType::operator=;
+    CallsignEntryList &operator=(const CallsignEntryList &other);
+
+    base::DbBaseType *getCopy(const base::DbBaseType *source) override;
+    /// Empties the list.
+    void reset() override;
+    void serialize(QByteArray &out) const override;
+    /// Numbers the entries one after the other from \a start; returns the last id given
+    /// (\a start for an empty list).
+    int setIDs(int start);
+    /// Sets the layer of every entry.
+    void setLayer(int layer) override;
+
+    /// Entry \a index, null when \a index is not less than count(). A negative index is a
+    /// programming error and throws std::out_of_range.
+    CallsignEntry *entryAt(int index);
+    /// Assigns the entry at \a index; no effect when \a index is not less than count().
+    void changeEntryAt(int index, const CallsignEntry &entry);
+    bool contains(const CallsignEntry &entry) const;
+    /// Same count, and every entry of this list has an equal entry somewhere in \a other;
+    /// the order does not matter and duplicates are not counted.
+    bool compareList(const CallsignEntryList &other) const;
+};
+
+SIGDBREF_EXPORT bool operator==(const CallsignEntryList &a, const CallsignEntryList &b);
+
+} // namespace sigdb
+
+#endif
