@@ -1,42 +1,26 @@
-// sigdbref: the command-line companion of the library.
+// sigdbref: the command-line companion of the library. `inspect` decodes captured bytes of
+// any record; `demo` runs the road of a client session.
 
-#include "client/refinterface.h"
-#include "client/sigdbelementwithmaxcount.h"
-#include "core/orderqueue.h"
+#include "democommand.h"
+#include "inspectcommand.h"
 
-#include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
 #include <QTextStream>
 
+#include <cstdio>
+
 namespace {
-
-int runDemo(QTextStream &out)
-{
-    sigdb::OrderQueue queue;
-    sigdb::RefInterface interface;
-    interface.setOrderQueue(queue);
-
-    sigdb::SigdbElementWithMaxCount network;
-    network.setType(4);
-    network.setTID(4711);
-    network.setResultListMaxCount(50);
-    const int handle = interface.getElementSubElementList(network, nullptr);
-
-    for (const sigdb::Order &order : queue.takeAll()) {
-        out << "order " << order.handle << " type " << order.orderType << " ("
-            << order.data.size() << " bytes)\n"
-            << "  " << QString::fromLatin1(order.data.toHex(' ')) << '\n';
-    }
-    return handle > 0 ? 0 : 1;
-}
 
 void printUsage(QTextStream &out)
 {
-    out << "Usage: sigdbref <command>\n\n"
+    out << "Usage: sigdbref <command> [options]\n\n"
            "Commands:\n"
-           "  demo       queue a sample request and print its bytes\n"
-           "  --version  print the library version\n";
+           "  inspect    decode the bytes of a record and print it as JSON\n"
+           "  demo       run a client session against an in-process loopback\n\n"
+           "Options:\n"
+           "  --help     this text; 'sigdbref <command> --help' tells more\n"
+           "  --version  the library version\n";
 }
 
 } // namespace
@@ -44,15 +28,26 @@ void printUsage(QTextStream &out)
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("sigdbref"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(SIGDBREF_VERSION));
     QTextStream out(stdout);
-    const QStringList args = QCoreApplication::arguments();
-    const QString command = args.value(1);
+    QTextStream err(stderr);
+
+    QStringList arguments = QCoreApplication::arguments();
+    const QString command = arguments.value(1);
+    arguments.removeAt(0); // the subcommand stands where a program name would
+    if (command == QLatin1String("inspect"))
+        return sigdbtool::runInspect(arguments, out, err);
     if (command == QLatin1String("demo"))
-        return runDemo(out);
+        return sigdbtool::runDemo(arguments, out, err);
     if (command == QLatin1String("--version")) {
         out << "sigdbref " << SIGDBREF_VERSION << '\n';
-        return 0;
+        return sigdbtool::Exit_Ok;
     }
-    printUsage(out);
-    return command == QLatin1String("--help") ? 0 : 2;
+    if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
+        printUsage(out);
+        return sigdbtool::Exit_Ok;
+    }
+    printUsage(err);
+    return sigdbtool::Exit_Usage;
 }

@@ -1,0 +1,23 @@
+#ifndef SIGDB_APP_INSPECTCOMMAND_H
+#define SIGDB_APP_INSPECTCOMMAND_H
+
+#include <QStringList>
+
+class QTextStream;
+
+namespace sigdbtool {
+
+/// Exit codes of the tool.
+enum ExitCode { Exit_Ok = 0, Exit_DecodeFailure = 1, Exit_Usage = 2 };
+
+/// `sigdbref inspect`: decodes bytes from a file or standard input and prints the record as
+/// JSON. \a arguments starts with the command name.
+int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err);
+
+/// Bytes from hex text as people paste it from logs: pairs of hex digits, separated or not by
+/// white space; "0x" prefixes are ignored. False on anything else.
+bool parseHex(const QByteArray &text, QByteArray &bytes);
+
+} // namespace sigdbtool
+
+#endif

@@ -1,0 +1,108 @@
+#include "recordinspector.h"
+
+#include "recordjson.h"
+
+#include "client/ordertype.h"
+#include "client/sigdbelementwithmaxcount.h"
+#include "core/elementlist.h"
+#include "core/sigdbelementdetails.h"
+#include "io/columnstream.h"
+
+namespace sigdbtool {
+
+namespace {
+
+using namespace sigdb;
+
+// Decodes a column-stream record the way the answer dispatch does: a fresh record numbered
+// from 0, read with its own decoder, and nothing may be left over.
+template <typename Record>
+DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
+{
+    Record record;
+    record.setIDs(0);
+    ColumnReader reader(data);
+    DecodeResult result;
+    const bool read = record.readFrom(reader);
+    result.value = toJson(record);
+    if (!read) {
+        result.offset = reader.offset();
+        result.error = QStringLiteral("%1 did not decode: the frame ending at byte offset %2 does not fit")
+                           .arg(name)
+                           .arg(reader.offset());
+    } else if (!reader.atEnd()) {
+        result.offset = reader.offset();
+        result.error = QStringLiteral("%1 ends at byte offset %2, but %3 more bytes follow")
+                           .arg(name)
+                           .arg(reader.offset())
+                           .arg(reader.bytesLeft());
+    } else {
+        result.ok = true;
+    }
+    return result;
+}
+
+template <typename Record>
+RecordInspector columnRecord(const char *name, Direction direction, std::vector<int> orderTypes)
+{
+    const QString recordName = QString::fromLatin1(name);
+    return RecordInspector{recordName, direction, std::move(orderTypes),
+                           [recordName](const QByteArray &data) {
+                               return decodeColumnRecord<Record>(data, recordName);
+                           }};
+}
+
+std::vector<RecordInspector> buildInspectors()
+{
+    return {
+        columnRecord<SigdbElement>("SigdbElement", Direction::Request,
+                                   {OrderType_GetElementOverview, OrderType_DeleteElement,
+                                    OrderType_ApproveElement}),
+        columnRecord<SigdbElementWithMaxCount>("SigdbElementWithMaxCount", Direction::Request,
+                                               {OrderType_GetElementSubElementList}),
+        columnRecord<ElementList>("ElementList", Direction::Request, {OrderType_GetElementDetailList}),
+        columnRecord<SigdbElementDetails>("SigdbElementDetails", Direction::Request, {}),
+    };
+}
+
+} // namespace
+
+const std::vector<RecordInspector> &recordInspectors()
+{
+    static const std::vector<RecordInspector> inspectors = buildInspectors();
+    return inspectors;
+}
+
+const RecordInspector *findInspector(Direction direction, int orderType)
+{
+    for (const RecordInspector &inspector : recordInspectors()) {
+        if (inspector.direction != direction)
+            continue;
+        for (int type : inspector.orderTypes) {
+            if (type == orderType)
+                return &inspector;
+        }
+    }
+    return nullptr;
+}
+
+const RecordInspector *findInspector(const QString &name)
+{
+    for (const RecordInspector &inspector : recordInspectors()) {
+        if (inspector.name == name)
+            return &inspector;
+    }
+    return nullptr;
+}
+
+QStringList inspectorNames(Direction direction)
+{
+    QStringList names;
+    for (const RecordInspector &inspector : recordInspectors()) {
+        if (inspector.direction == direction)
+            names.append(inspector.name);
+    }
+    return names;
+}
+
+} // namespace sigdbtool

@@ -1,0 +1,47 @@
+#ifndef SIGDB_APP_RECORDINSPECTOR_H
+#define SIGDB_APP_RECORDINSPECTOR_H
+
+#include <QByteArray>
+#include <QJsonValue>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace sigdbtool {
+
+/// What decoding bytes as one record gave: the record as JSON (as far as it was decoded) and,
+/// on failure, where and why it stopped.
+struct DecodeResult
+{
+    bool ok = false;
+    QJsonValue value;
+    qint64 offset = -1;
+    QString error;
+};
+
+/// Which side of the interface a record travels on under an order type.
+enum class Direction { Request, Answer, Middleware };
+
+/// One record the tool can decode.
+struct RecordInspector
+{
+    QString name;
+    Direction direction;
+    std::vector<int> orderTypes;
+    std::function<DecodeResult(const QByteArray &)> decode;
+};
+
+/// Every record the tool knows.
+const std::vector<RecordInspector> &recordInspectors();
+/// The record travelling on \a direction under \a orderType; null when there is none.
+const RecordInspector *findInspector(Direction direction, int orderType);
+/// The record called \a name (case-sensitive); null when there is none.
+const RecordInspector *findInspector(const QString &name);
+/// Names of all records, for the help text.
+QStringList inspectorNames(Direction direction);
+
+} // namespace sigdbtool
+
+#endif

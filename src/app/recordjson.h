@@ -1,0 +1,66 @@
+#ifndef SIGDB_APP_RECORDJSON_H
+#define SIGDB_APP_RECORDJSON_H
+
+#include "base/dbdatatype.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace sigdb {
+class ElementList;
+class LocationEntry;
+class LocationEntryList;
+class SigdbElement;
+class SigdbElementDetails;
+class SigdbElementWithMaxCount;
+} // namespace sigdb
+
+namespace sigdbtool {
+
+// JSON forms of the records for the inspect command. Column values are JSON null while NULL;
+// 64-bit numbers beyond what a JSON number holds exactly travel as decimal strings.
+
+QJsonValue toJson(bool value);
+QJsonValue toJson(char value);
+QJsonValue toJson(int value);
+QJsonValue toJson(unsigned int value);
+QJsonValue toJson(double value);
+QJsonValue toJson(unsigned long long value);
+QJsonValue toJson(const std::string &value);
+
+template <typename T>
+QJsonValue toJson(const base::DbDataType<T> &value)
+{
+    if (value.isNull())
+        return QJsonValue::Null;
+    if constexpr (std::is_enum<T>::value)
+        return toJson(static_cast<int>(value.getData()));
+    else
+        return toJson(value.getData());
+}
+
+QJsonValue toJson(const sigdb::SigdbElement &element);
+QJsonValue toJson(const sigdb::SigdbElementWithMaxCount &request);
+QJsonValue toJson(const sigdb::ElementList &list);
+QJsonValue toJson(const sigdb::LocationEntry &entry);
+QJsonValue toJson(const sigdb::LocationEntryList &list);
+QJsonValue toJson(const sigdb::SigdbElementDetails &details);
+
+template <typename T>
+QJsonArray toJsonArray(const std::vector<T> &values)
+{
+    QJsonArray array;
+    for (const T &value : values)
+        array.append(toJson(value));
+    return array;
+}
+
+
+} // namespace sigdbtool
+
+#endif
