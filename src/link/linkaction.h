@@ -135,6 +135,8 @@ public:
     std::string convertedColumnName(const char *name) const override;
 
     // Classification
+    /// Whether no action is set (action type 0). Unlike an element's isUndefined(), the ends
+    /// take no part.
     bool isUndefined() const { return m_actionType == 0; }
     bool isUniqueLink() const;
     static bool isUniqueLinkType(int typeA, int typeB);

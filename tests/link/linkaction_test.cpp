@@ -254,52 +254,56 @@ TEST(LinkAction, LinkPrefixSkipsTheCorePrefix)
     EXPECT_EQ(link(1, 3).linkPrefix(), "CORE");
 }
 
-TEST(LinkAction, StoredNamesWithoutSuffix)
+struct StoredNamesCase
 {
-    LinkAction l = link(1, 3);
-    l.setTableNameAndAbbrevation(3, nullptr);
-    EXPECT_EQ(l.tableName(), "CORETRANSCEIVER");
-    EXPECT_EQ(l.tableAbbrevation(), "RMLUT");
-    EXPECT_EQ(l.fkTidName(), "TID");
-    EXPECT_EQ(l.fieldNameFrom(), "UNITID");
-    EXPECT_EQ(l.fieldNameTo(), "TRXTID");
-    EXPECT_EQ(l.columnPrefix(), "UNI");
-    EXPECT_EQ(l.convertedColumnName("NAME"), "UNINAME");
+    const char *name;
+    int typeA;
+    int typeB;
+    int endType;
+    const char *suffix;
+    const char *tableName;
+    const char *tableAbbrevation;
+    const char *fkTidName;
+    const char *fieldNameFrom;
+    const char *fieldNameTo;
+    const char *columnPrefix;
+    const char *convertedNAME; // convertedColumnName("NAME")
+};
+
+class StoredNames : public testing::TestWithParam<StoredNamesCase>
+{
+};
+
+TEST_P(StoredNames, ComputedAndStoredInOneGo)
+{
+    const StoredNamesCase &c = GetParam();
+    LinkAction l = link(c.typeA, c.typeB);
+    l.setTableNameAndAbbrevation(c.endType, c.suffix);
+    EXPECT_EQ(l.tableName(), c.tableName);
+    EXPECT_EQ(l.tableAbbrevation(), c.tableAbbrevation);
+    EXPECT_EQ(l.fkTidName(), c.fkTidName);
+    EXPECT_EQ(l.fieldNameFrom(), c.fieldNameFrom);
+    EXPECT_EQ(l.fieldNameTo(), c.fieldNameTo);
+    EXPECT_EQ(l.columnPrefix(), c.columnPrefix);
+    EXPECT_EQ(l.convertedColumnName("NAME"), c.convertedNAME);
 }
 
-TEST(LinkAction, StoredNamesWithSuffix)
-{
-    LinkAction l = link(1, 3);
-    l.setTableNameAndAbbrevation(3, "_X");
-    EXPECT_EQ(l.columnPrefix(), "UNI_X");
-    EXPECT_EQ(l.convertedColumnName("NAME"), "UNI_XNAME");
-}
-
-TEST(LinkAction, StoredNamesOfANetworkConnection)
-{
-    LinkAction l = link(4, 2);
-    l.setTableNameAndAbbrevation(4, "_X");
-    EXPECT_EQ(l.tableName(), "CORECONNECTION");
-    EXPECT_EQ(l.tableAbbrevation(), "");
-    EXPECT_EQ(l.fkTidName(), "TID");
-    EXPECT_EQ(l.fieldNameFrom(), "NETATID = %1 OR NETBTID");
-    EXPECT_EQ(l.fieldNameTo(), "PLATID");
-    // not unique: the stored prefix (just the suffix) is the column prefix, and column names
-    // are not converted
-    EXPECT_EQ(l.columnPrefix(), "_X");
-    EXPECT_EQ(l.convertedColumnName("NAME"), "NAME");
-}
-
-TEST(LinkAction, StoredNamesOfAProfileListLink)
-{
-    LinkAction l = link(5, 26);
-    l.setTableNameAndAbbrevation(26, nullptr);
-    EXPECT_EQ(l.tableName(), "REFPROPRLLINK");
-    EXPECT_EQ(l.fkTidName(), "PRLTID");
-    EXPECT_EQ(l.fieldNameFrom(), "PROTID");
-    EXPECT_EQ(l.fieldNameTo(), "PRLTID");
-    EXPECT_EQ(l.columnPrefix(), "");
-}
+INSTANTIATE_TEST_SUITE_P(
+    LinkAction, StoredNames,
+    testing::Values(
+        // unique: stored in the transceiver table, columns prefixed with the unit's abbreviation
+        StoredNamesCase{"UniqueWithoutSuffix", 1, 3, 3, nullptr, "CORETRANSCEIVER", "RMLUT",
+                        "TID", "UNITID", "TRXTID", "UNI", "UNINAME"},
+        StoredNamesCase{"UniqueWithSuffix", 1, 3, 3, "_X", "CORETRANSCEIVER", "RMLUT", "TID",
+                        "UNITID", "TRXTID", "UNI_X", "UNI_XNAME"},
+        // not unique: the stored prefix is the suffix alone, and names are not converted
+        StoredNamesCase{"NetworkConnection", 4, 2, 4, "_X", "CORECONNECTION", "", "TID",
+                        "NETATID = %1 OR NETBTID", "PLATID", "_X", "NAME"},
+        StoredNamesCase{"ProfileList", 5, 26, 26, nullptr, "REFPROPRLLINK", "", "PRLTID",
+                        "PROTID", "PRLTID", "", "NAME"},
+        StoredNamesCase{"TspPartner", 27, 2, 27, nullptr, "REFTSPPLALINK", "", "TSPTID",
+                        "TSPTID", "PLATID", "", "NAME"}),
+    [](const testing::TestParamInfo<StoredNamesCase> &info) { return info.param.name; });
 
 TEST(LinkAction, UniqueLinkWithoutStoredPrefixUsesTheFromAbbreviation)
 {
