@@ -2,6 +2,7 @@
 
 #include "client/ordertype.h"
 #include "io/columnstream.h"
+#include "link/linkchangedefinition.h"
 
 #include <QString>
 
@@ -14,6 +15,19 @@ namespace {
 /// Decodes one answer record from the stream and hands it to its callback; false when the
 /// record did not decode.
 using Dispatch = bool (*)(RefCallback &callback, ColumnReader &reader);
+
+/// Builds a fresh Record, numbers it as the sender did, decodes it and hands it to Callback;
+/// the record lives only for the duration of the callback.
+template <typename Record, void (RefCallback::*Callback)(Record &)>
+bool decodeAndDeliver(RefCallback &callback, ColumnReader &reader)
+{
+    Record record;
+    record.setIDs(0);
+    if (!record.readFrom(reader))
+        return false;
+    (callback.*Callback)(record);
+    return true;
+}
 
 struct Route
 {
@@ -32,7 +46,8 @@ const Route kRoutes[] = {
     {OrderType_GetElementDetailList, nullptr, "deserialize ElementDetailsList  failed"},
     {OrderType_CreateElement, nullptr, "deserialize ElementOverview (callbackElementCreated) failed"},
     {OrderType_ChangeElement, nullptr, "deserialize ElementOverview (callbackElementChanged) failed"},
-    {OrderType_ChangeLink, nullptr, "deserialize LinkChangeDefinition failed"},
+    {OrderType_ChangeLink, decodeAndDeliver<LinkChangeDefinition, &RefCallback::callbackLinkChanged>,
+     "deserialize LinkChangeDefinition failed"},
     {OrderType_ChangePlotEntry, nullptr, "deserialize PlotEntryList  failed"},
     {OrderType_NewElementWithLink, nullptr, "deserialize ElementOverviewList  failed"},
 };

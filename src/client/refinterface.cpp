@@ -3,6 +3,7 @@
 #include "client/sigdbelementwithmaxcount.h"
 #include "client/refcallback.h"
 #include "core/elementlist.h"
+#include "link/linkchangedefinition.h"
 
 namespace sigdb {
 
@@ -39,6 +40,11 @@ int RefInterface::deleteElement(SigdbElement &element, const RefCallback *callba
 int RefInterface::approveElement(SigdbElement &element, const RefCallback *callback)
 {
     return send(OrderType_ApproveElement, element, callback);
+}
+
+int RefInterface::changeLink(LinkChangeDefinition &change, const CoreCallback *callback)
+{
+    return send(OrderType_ChangeLink, change, callback);
 }
 
 } // namespace sigdb

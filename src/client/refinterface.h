@@ -5,10 +5,12 @@
 
 #include "client/ordertype.h"
 #include "core/baseinterface.h"
+#include "core/corecallback.h"
 
 namespace sigdb {
 
 class ElementList;
+class LinkChangeDefinition;
 class RefCallback;
 class SigdbElement;
 class SigdbElementWithMaxCount;
@@ -34,6 +36,9 @@ public:
     int deleteElement(SigdbElement &element, const RefCallback *callback);
     /// Order 5008: approves (or rejects) the changes of an element.
     int approveElement(SigdbElement &element, const RefCallback *callback);
+    /// Order 5009: changes links. The answer reaches a RefCallback's callbackLinkChanged(),
+    /// yet this order alone is addressed to a CoreCallback; the signature is kept as it is.
+    int changeLink(LinkChangeDefinition &change, const CoreCallback *callback);
 
 private:
     int send(int orderType, const base::DbBaseType &record, const BaseCallback *callback);

@@ -1,0 +1,28 @@
+#ifndef SIGDB_LINK_LINKDEFINITIONLIST_H
+#define SIGDB_LINK_LINKDEFINITIONLIST_H
+
+#include "sigdbref_export.h"
+
+#include "core/linkdefinition.h"
+#include "link/linkentrylist.h"
+
+namespace sigdb {
+
+/// An in-memory list of the core library's stored links, for example the links of an element
+/// gathered for display. Every entry is numbered from the list's start id itself.
+class SIGDBREF_EXPORT LinkDefinitionList : public LinkEntryList<LinkDefinitionList, LinkDefinition>
+{
+public:
+    LinkDefinitionList();
+    LinkDefinitionList(const LinkDefinitionList &other);
+    ~LinkDefinitionList() override;
+    using base::DbBaseType::operator=;
+    LinkDefinitionList &operator=(const LinkDefinitionList &other);
+
+    /// Inserts a copy of \a entry in front of all others.
+    void prependEntry(const LinkDefinition &entry);
+};
+
+} // namespace sigdb
+
+#endif
