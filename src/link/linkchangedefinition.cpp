@@ -63,10 +63,6 @@ bool LinkChangeDefinition::readFrom(ColumnReader &reader)
     user.setID(static_cast<unsigned int>(m_modificationUser.getID()));
     if (!reader.read(user) || !m_link1.readLinkFrom(reader) || !m_link2.readLinkFrom(reader))
         return false;
-    // Reading past the end yields zeros, which the last frames could take for a NULL order
-    // number: a record cut short is no record.
-    if (reader.stream().status() != QDataStream::Ok)
-        return false;
     setModificationUser(user);
     return true;
 }
