@@ -1,5 +1,6 @@
 #include "client/refcallback.h"
 
+#include "auxiliary/plotentry.h"
 #include "client/ordertype.h"
 #include "io/columnstream.h"
 
@@ -14,6 +15,19 @@ namespace {
 /// Decodes one answer record from the stream and hands it to its callback; false when the
 /// record did not decode.
 using Dispatch = bool (*)(RefCallback &callback, ColumnReader &reader);
+
+/// Builds a fresh Record, numbers it as the sender did (setIDs(0)), decodes it and hands it
+/// to Callback; the record dies when the callback returns.
+template <typename Record, void (RefCallback::*Callback)(Record &)>
+bool decodeAndDeliver(RefCallback &callback, ColumnReader &reader)
+{
+    Record record;
+    record.setIDs(0);
+    if (!record.readFrom(reader))
+        return false;
+    (callback.*Callback)(record);
+    return true;
+}
 
 struct Route
 {
@@ -33,7 +47,8 @@ const Route kRoutes[] = {
     {OrderType_CreateElement, nullptr, "deserialize ElementOverview (callbackElementCreated) failed"},
     {OrderType_ChangeElement, nullptr, "deserialize ElementOverview (callbackElementChanged) failed"},
     {OrderType_ChangeLink, nullptr, "deserialize LinkChangeDefinition failed"},
-    {OrderType_ChangePlotEntry, nullptr, "deserialize PlotEntryList  failed"},
+    {OrderType_ChangePlotEntry, &decodeAndDeliver<PlotEntryList, &RefCallback::callbackPlotEntryList>,
+     "deserialize PlotEntryList  failed"},
     {OrderType_NewElementWithLink, nullptr, "deserialize ElementOverviewList  failed"},
 };
 

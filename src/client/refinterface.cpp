@@ -1,8 +1,10 @@
 #include "client/refinterface.h"
 
+#include "auxiliary/plotentry.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "client/refcallback.h"
 #include "core/elementlist.h"
+#include "query/queryrequest.h"
 
 namespace sigdb {
 
@@ -19,6 +21,11 @@ int RefInterface::send(int orderType, const base::DbBaseType &record, const Base
 int RefInterface::getElementOverview(SigdbElement &element, const RefCallback *callback)
 {
     return send(OrderType_GetElementOverview, element, callback);
+}
+
+int RefInterface::getElementOverviewList(QueryRequestList &queries, const RefCallback *callback)
+{
+    return send(OrderType_GetElementOverviewList, queries, callback);
 }
 
 int RefInterface::getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback)
@@ -39,6 +46,11 @@ int RefInterface::deleteElement(SigdbElement &element, const RefCallback *callba
 int RefInterface::approveElement(SigdbElement &element, const RefCallback *callback)
 {
     return send(OrderType_ApproveElement, element, callback);
+}
+
+int RefInterface::changePlotEntry(PlotEntryList &entries, const RefCallback *callback)
+{
+    return send(OrderType_ChangePlotEntry, entries, callback);
 }
 
 } // namespace sigdb

@@ -9,6 +9,8 @@
 namespace sigdb {
 
 class ElementList;
+class PlotEntryList;
+class QueryRequestList;
 class RefCallback;
 class SigdbElement;
 class SigdbElementWithMaxCount;
@@ -26,6 +28,8 @@ public:
 
     /// Order 5001: the overview of one element.
     int getElementOverview(SigdbElement &element, const RefCallback *callback);
+    /// Order 5002: the overviews of the elements that the query requests select.
+    int getElementOverviewList(QueryRequestList &queries, const RefCallback *callback);
     /// Order 5003: the sub-elements of an element, paged.
     int getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback);
     /// Order 5004: the details of every element of the list.
@@ -34,6 +38,8 @@ public:
     int deleteElement(SigdbElement &element, const RefCallback *callback);
     /// Order 5008: approves (or rejects) the changes of an element.
     int approveElement(SigdbElement &element, const RefCallback *callback);
+    /// Order 5011: changes rows of a plot table.
+    int changePlotEntry(PlotEntryList &entries, const RefCallback *callback);
 
 private:
     int send(int orderType, const base::DbBaseType &record, const BaseCallback *callback);
