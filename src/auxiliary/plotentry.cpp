@@ -8,18 +8,7 @@ namespace sigdb {
 PlotEntry::PlotEntry() = default;
 PlotEntry::PlotEntry(const PlotEntry &other) = default;
 PlotEntry::~PlotEntry() = default;
-
-PlotEntry &PlotEntry::operator=(const PlotEntry &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    modificationState = other.modificationState;
-    firstId = other.firstId;
-    secondId = other.secondId;
-    text = other.text;
-    return *this;
-}
+PlotEntry &PlotEntry::operator=(const PlotEntry &other) = default;
 
 base::DbBaseType *PlotEntry::getCopy(const base::DbBaseType *source)
 {
@@ -73,17 +62,7 @@ bool operator!=(const PlotEntry &a, const PlotEntry &b)
 PlotEntryList::PlotEntryList() = default;
 PlotEntryList::PlotEntryList(const PlotEntryList &other) = default;
 PlotEntryList::~PlotEntryList() = default;
-
-PlotEntryList &PlotEntryList::operator=(const PlotEntryList &other)
-{
-    if (this == &other)
-        return *this;
-    RecordList<PlotEntry>::operator=(other);
-    listId = other.listId;
-    listText1 = other.listText1;
-    listText2 = other.listText2;
-    return *this;
-}
+PlotEntryList &PlotEntryList::operator=(const PlotEntryList &other) = default;
 
 base::DbBaseType *PlotEntryList::getCopy(const base::DbBaseType *source)
 {

@@ -8,18 +8,7 @@ namespace sigdb {
 ReferenceDocument::ReferenceDocument() = default;
 ReferenceDocument::ReferenceDocument(const ReferenceDocument &other) = default;
 ReferenceDocument::~ReferenceDocument() = default;
-
-ReferenceDocument &ReferenceDocument::operator=(const ReferenceDocument &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    documentText1 = other.documentText1;
-    documentText2 = other.documentText2;
-    documentText3 = other.documentText3;
-    documentText4 = other.documentText4;
-    return *this;
-}
+ReferenceDocument &ReferenceDocument::operator=(const ReferenceDocument &other) = default;
 
 base::DbBaseType *ReferenceDocument::getCopy(const base::DbBaseType *source)
 {
@@ -73,13 +62,7 @@ bool operator!=(const ReferenceDocument &a, const ReferenceDocument &b)
 ReferenceDocumentList::ReferenceDocumentList() = default;
 ReferenceDocumentList::ReferenceDocumentList(const ReferenceDocumentList &other) = default;
 ReferenceDocumentList::~ReferenceDocumentList() = default;
-
-ReferenceDocumentList &ReferenceDocumentList::operator=(const ReferenceDocumentList &other)
-{
-    if (this != &other)
-        RecordList<ReferenceDocument>::operator=(other);
-    return *this;
-}
+ReferenceDocumentList &ReferenceDocumentList::operator=(const ReferenceDocumentList &other) = default;
 
 base::DbBaseType *ReferenceDocumentList::getCopy(const base::DbBaseType *source)
 {

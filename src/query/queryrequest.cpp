@@ -40,18 +40,7 @@ static_assert(sizeof(kColumnNames) / sizeof(kColumnNames[0]) == QueryColumnCount
 QueryRequest::QueryRequest() = default;
 QueryRequest::QueryRequest(const QueryRequest &other) = default;
 QueryRequest::~QueryRequest() = default;
-
-QueryRequest &QueryRequest::operator=(const QueryRequest &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    m_details = other.m_details;
-    m_element = other.m_element;
-    m_exactMatch = other.m_exactMatch;
-    m_columns = other.m_columns;
-    return *this;
-}
+QueryRequest &QueryRequest::operator=(const QueryRequest &other) = default;
 
 base::DbBaseType *QueryRequest::getCopy(const base::DbBaseType *source)
 {
@@ -107,19 +96,7 @@ bool operator!=(const QueryRequest &a, const QueryRequest &b)
 QueryRequestList::QueryRequestList() = default;
 QueryRequestList::QueryRequestList(const QueryRequestList &other) = default;
 QueryRequestList::~QueryRequestList() = default;
-
-QueryRequestList &QueryRequestList::operator=(const QueryRequestList &other)
-{
-    if (this == &other)
-        return *this;
-    RecordList<QueryRequest>::operator=(other);
-    m_queryId = other.m_queryId;
-    m_requestType = other.m_requestType;
-    m_queryName = other.m_queryName;
-    m_queryOwner = other.m_queryOwner;
-    m_clientReference = other.m_clientReference;
-    return *this;
-}
+QueryRequestList &QueryRequestList::operator=(const QueryRequestList &other) = default;
 
 base::DbBaseType *QueryRequestList::getCopy(const base::DbBaseType *source)
 {
