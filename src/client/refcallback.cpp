@@ -1,5 +1,6 @@
 #include "client/refcallback.h"
 
+#include "auxiliary/plotentry.h"
 #include "client/ordertype.h"
 #include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
@@ -48,7 +49,8 @@ const Route kRoutes[] = {
     {OrderType_ChangeElement, nullptr, "deserialize ElementOverview (callbackElementChanged) failed"},
     {OrderType_ChangeLink, decodeAndDeliver<LinkChangeDefinition, &RefCallback::callbackLinkChanged>,
      "deserialize LinkChangeDefinition failed"},
-    {OrderType_ChangePlotEntry, nullptr, "deserialize PlotEntryList  failed"},
+    {OrderType_ChangePlotEntry, decodeAndDeliver<PlotEntryList, &RefCallback::callbackPlotEntryList>,
+     "deserialize PlotEntryList  failed"},
     {OrderType_NewElementWithLink, nullptr, "deserialize ElementOverviewList  failed"},
 };
 

@@ -1,9 +1,11 @@
 #include "client/refinterface.h"
 
+#include "auxiliary/plotentry.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "client/refcallback.h"
 #include "core/elementlist.h"
 #include "link/linkchangedefinition.h"
+#include "query/queryrequest.h"
 
 namespace sigdb {
 
@@ -20,6 +22,11 @@ int RefInterface::send(int orderType, const base::DbBaseType &record, const Base
 int RefInterface::getElementOverview(SigdbElement &element, const RefCallback *callback)
 {
     return send(OrderType_GetElementOverview, element, callback);
+}
+
+int RefInterface::getElementOverviewList(QueryRequestList &queries, const RefCallback *callback)
+{
+    return send(OrderType_GetElementOverviewList, queries, callback);
 }
 
 int RefInterface::getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback)
@@ -45,6 +52,11 @@ int RefInterface::approveElement(SigdbElement &element, const RefCallback *callb
 int RefInterface::changeLink(LinkChangeDefinition &change, const CoreCallback *callback)
 {
     return send(OrderType_ChangeLink, change, callback);
+}
+
+int RefInterface::changePlotEntry(PlotEntryList &entries, const RefCallback *callback)
+{
+    return send(OrderType_ChangePlotEntry, entries, callback);
 }
 
 } // namespace sigdb

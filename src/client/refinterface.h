@@ -11,6 +11,8 @@ namespace sigdb {
 
 class ElementList;
 class LinkChangeDefinition;
+class PlotEntryList;
+class QueryRequestList;
 class RefCallback;
 class SigdbElement;
 class SigdbElementWithMaxCount;
@@ -28,6 +30,8 @@ public:
 
     /// Order 5001: the overview of one element.
     int getElementOverview(SigdbElement &element, const RefCallback *callback);
+    /// Order 5002: the overviews of the elements that the query requests select.
+    int getElementOverviewList(QueryRequestList &queries, const RefCallback *callback);
     /// Order 5003: the sub-elements of an element, paged.
     int getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback);
     /// Order 5004: the details of every element of the list.
@@ -39,6 +43,9 @@ public:
     /// Order 5009: changes links. The answer reaches a RefCallback's callbackLinkChanged(),
     /// yet this order alone is addressed to a CoreCallback; the signature is kept as it is.
     int changeLink(LinkChangeDefinition &change, const CoreCallback *callback);
+
+    /// Order 5011: changes rows of a plot table.
+    int changePlotEntry(PlotEntryList &entries, const RefCallback *callback);
 
 private:
     int send(int orderType, const base::DbBaseType &record, const BaseCallback *callback);
