@@ -12,7 +12,7 @@ PlotEntry &PlotEntry::operator=(const PlotEntry &other) = default;
 
 base::DbBaseType *PlotEntry::getCopy(const base::DbBaseType *source)
 {
-    return copyRecord<PlotEntry>(source);
+    return base::copyRecord<PlotEntry>(source);
 }
 
 void PlotEntry::reset()
@@ -66,7 +66,7 @@ PlotEntryList &PlotEntryList::operator=(const PlotEntryList &other) = default;
 
 base::DbBaseType *PlotEntryList::getCopy(const base::DbBaseType *source)
 {
-    return copyRecord<PlotEntryList>(source);
+    return base::copyRecord<PlotEntryList>(source);
 }
 
 void PlotEntryList::reset()

@@ -3,7 +3,7 @@
 
 #include "sigdbref_export.h"
 
-#include "auxiliary/recordlist.h"
+#include "core/recordlist.h"
 #include "base/dbdatatype.h"
 #include "core/sigdbenums.h"
 

@@ -12,7 +12,7 @@ ReferenceDocument &ReferenceDocument::operator=(const ReferenceDocument &other) 
 
 base::DbBaseType *ReferenceDocument::getCopy(const base::DbBaseType *source)
 {
-    return copyRecord<ReferenceDocument>(source);
+    return base::copyRecord<ReferenceDocument>(source);
 }
 
 void ReferenceDocument::reset()
@@ -66,7 +66,7 @@ ReferenceDocumentList &ReferenceDocumentList::operator=(const ReferenceDocumentL
 
 base::DbBaseType *ReferenceDocumentList::getCopy(const base::DbBaseType *source)
 {
-    return copyRecord<ReferenceDocumentList>(source);
+    return base::copyRecord<ReferenceDocumentList>(source);
 }
 
 void ReferenceDocumentList::reset()

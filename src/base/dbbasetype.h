@@ -45,6 +45,17 @@ private:
     StoreType m_storeType = StoreType_NotSet;
 };
 
+/// A new heap copy of \a source as a \a Record (a default \a Record when \a source is of
+/// another type); the caller owns it. What every record's getCopy() does.
+template <typename Record>
+Record *copyRecord(const DbBaseType *source)
+{
+    auto *copy = new Record;
+    if (const auto *record = dynamic_cast<const Record *>(source))
+        *copy = *record;
+    return copy;
+}
+
 } // namespace base
 
 #endif

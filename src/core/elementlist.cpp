@@ -15,17 +15,13 @@ ElementList &ElementList::operator=(const ElementList &other)
 {
     if (this == &other)
         return *this;
-    base::DbBaseType::operator=(other);
-    EntrySequence<SigdbElement>::operator=(other);
+    RecordList<SigdbElement>::operator=(other);
     return *this;
 }
 
 base::DbBaseType *ElementList::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new ElementList;
-    if (const auto *list = dynamic_cast<const ElementList *>(source))
-        *copy = *list;
-    return copy;
+    return base::copyRecord<ElementList>(source);
 }
 
 void ElementList::reset()
@@ -43,19 +39,14 @@ void ElementList::serialize(QByteArray &out) const
 
 int ElementList::setIDs(int startId)
 {
-    m_startId = startId;
-    for (SigdbElement &entry : m_entries)
-        entry.setIDs(startId);
+    numberEntries(startId);
     return startId + SigdbElement::ColumnCount;
 }
 
 void ElementList::writeTo(ColumnWriter &writer, bool skipUndefined) const
 {
-    if (!skipUndefined) {
-        writeListEntries(writer, CountTag, m_entries,
-                         [&writer](const SigdbElement &entry) { entry.writeTo(writer); });
-        return;
-    }
+    if (!skipUndefined)
+        return writeEntries(writer, CountTag);
     std::vector<const SigdbElement *> defined;
     for (const SigdbElement &entry : m_entries) {
         if (!entry.isUndefined())
@@ -67,14 +58,7 @@ void ElementList::writeTo(ColumnWriter &writer, bool skipUndefined) const
 
 bool ElementList::readFrom(ColumnReader &reader)
 {
-    return readListEntries(reader, CountTag, [this, &reader]() {
-        SigdbElement entry;
-        entry.setIDs(m_startId);
-        if (!entry.readFrom(reader))
-            return false;
-        m_entries.push_back(std::move(entry));
-        return true;
-    });
+    return readEntries(reader, CountTag);
 }
 
 bool ElementList::appendEntryNoDuplicate(const SigdbElement &element)

@@ -3,7 +3,7 @@
 
 #include "sigdbcore_export.h"
 
-#include "core/entrysequence.h"
+#include "core/recordlist.h"
 #include "core/sigdbelement.h"
 
 #include <vector>
@@ -13,7 +13,7 @@ namespace sigdb {
 /// A list of element identities (for example the elements whose details are requested, or
 /// the elements linked uniquely to an overview). Every entry is numbered from the list's start
 /// id, so all entries carry the same column ids.
-class SIGDBCORE_EXPORT ElementList : public base::DbBaseType, public EntrySequence<SigdbElement>
+class SIGDBCORE_EXPORT ElementList : public RecordList<SigdbElement>
 {
 public:
     /// Tag of the count frame.
@@ -22,7 +22,7 @@ public:
     ElementList();
     ElementList(const ElementList &other);
     ~ElementList() override;
-    using base::DbBaseType::operator=;
+    using RecordList<SigdbElement>::operator=;
     ElementList &operator=(const ElementList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;

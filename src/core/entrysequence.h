@@ -22,6 +22,13 @@ public:
     void prependEntry(const Entry &entry) { m_entries.insert(m_entries.begin(), entry); }
     /// Destroys all entries.
     void clear() { m_entries.clear(); }
+    /// Removes the first entry, if any; the others move up by one. The cursor stays where it
+    /// is, so an iteration under way skips one entry.
+    void removeFirstEntry()
+    {
+        if (!m_entries.empty())
+            m_entries.erase(m_entries.begin());
+    }
     int count() const { return static_cast<int>(m_entries.size()); }
 
     /// Puts the cursor on the first entry.

@@ -26,10 +26,7 @@ LocationEntry &LocationEntry::operator=(const LocationEntry &other)
 
 base::DbBaseType *LocationEntry::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new LocationEntry;
-    if (const auto *entry = dynamic_cast<const LocationEntry *>(source))
-        *copy = *entry;
-    return copy;
+    return base::copyRecord<LocationEntry>(source);
 }
 
 void LocationEntry::reset()
@@ -88,17 +85,13 @@ LocationEntryList &LocationEntryList::operator=(const LocationEntryList &other)
 {
     if (this == &other)
         return *this;
-    base::DbBaseType::operator=(other);
-    EntrySequence<LocationEntry>::operator=(other);
+    RecordList<LocationEntry>::operator=(other);
     return *this;
 }
 
 base::DbBaseType *LocationEntryList::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new LocationEntryList;
-    if (const auto *list = dynamic_cast<const LocationEntryList *>(source))
-        *copy = *list;
-    return copy;
+    return base::copyRecord<LocationEntryList>(source);
 }
 
 void LocationEntryList::reset()
@@ -116,28 +109,18 @@ void LocationEntryList::serialize(QByteArray &out) const
 
 int LocationEntryList::setIDs(int startId)
 {
-    m_startId = startId;
-    for (LocationEntry &entry : m_entries)
-        entry.setIDs(startId);
+    numberEntries(startId);
     return startId + LocationEntry::ColumnCount;
 }
 
 void LocationEntryList::writeTo(ColumnWriter &writer) const
 {
-    writeListEntries(writer, CountTag, m_entries,
-                     [&writer](const LocationEntry &entry) { entry.writeTo(writer); });
+    writeEntries(writer, CountTag);
 }
 
 bool LocationEntryList::readFrom(ColumnReader &reader)
 {
-    return readListEntries(reader, CountTag, [this, &reader]() {
-        LocationEntry entry;
-        entry.setIDs(m_startId);
-        if (!entry.readFrom(reader))
-            return false;
-        m_entries.push_back(std::move(entry));
-        return true;
-    });
+    return readEntries(reader, CountTag);
 }
 
 void LocationEntryList::sortByTime()
@@ -152,7 +135,7 @@ void LocationEntryList::sortByTime()
 
 bool LocationEntryList::testCompare(const LocationEntryList &other) const
 {
-    return m_entries == other.m_entries;
+    return sameEntries(other);
 }
 
 bool operator==(const LocationEntryList &a, const LocationEntryList &b)

@@ -5,7 +5,7 @@
 
 #include "base/dbbasetype.h"
 #include "base/dbdatatype.h"
-#include "core/entrysequence.h"
+#include "core/recordlist.h"
 #include "core/sigdbenums.h"
 
 #include <string>
@@ -51,7 +51,7 @@ SIGDBCORE_EXPORT bool operator!=(const LocationEntry &a, const LocationEntry &b)
 
 /// The location history of an element. Every entry is numbered from the list's start id, so
 /// all entries carry the same column ids.
-class SIGDBCORE_EXPORT LocationEntryList : public base::DbBaseType, public EntrySequence<LocationEntry>
+class SIGDBCORE_EXPORT LocationEntryList : public RecordList<LocationEntry>
 {
 public:
     /// Tag of the count frame.
@@ -60,7 +60,7 @@ public:
     LocationEntryList();
     LocationEntryList(const LocationEntryList &other);
     ~LocationEntryList() override;
-    using base::DbBaseType::operator=;
+    using RecordList<LocationEntry>::operator=;
     LocationEntryList &operator=(const LocationEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;

@@ -7,9 +7,4 @@ LinkDefinitionList::LinkDefinitionList(const LinkDefinitionList &other) = defaul
 LinkDefinitionList::~LinkDefinitionList() = default;
 LinkDefinitionList &LinkDefinitionList::operator=(const LinkDefinitionList &other) = default;
 
-void LinkDefinitionList::prependEntry(const LinkDefinition &entry)
-{
-    m_entries.insert(m_entries.begin(), entry);
-}
-
 } // namespace sigdb

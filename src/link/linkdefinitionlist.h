@@ -18,9 +18,6 @@ public:
     ~LinkDefinitionList() override;
     using base::DbBaseType::operator=;
     LinkDefinitionList &operator=(const LinkDefinitionList &other);
-
-    /// Inserts a copy of \a entry in front of all others.
-    void prependEntry(const LinkDefinition &entry);
 };
 
 } // namespace sigdb

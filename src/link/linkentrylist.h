@@ -4,6 +4,7 @@
 #include "sigdbref_export.h"
 
 #include "base/dbbasetype.h"
+#include "core/entrysequence.h"
 
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace sigdb {
 /// These lists are never encoded: their entries travel one by one inside other orders. That is
 /// why serialize() writes nothing and reset() keeps the entries (clear() removes them).
 template <typename Derived, typename Entry>
-class SIGDBREF_EXPORT LinkEntryList : public base::DbBaseType
+class SIGDBREF_EXPORT LinkEntryList : public base::DbBaseType, public EntrySequence<Entry>
 {
 public:
     using EntryType = Entry;
@@ -24,10 +25,7 @@ public:
     /// A new heap copy of \a source (an empty list when it is of another type).
     base::DbBaseType *getCopy(const base::DbBaseType *source) override
     {
-        auto *copy = new Derived;
-        if (const auto *list = dynamic_cast<const Derived *>(source))
-            *copy = *list;
-        return copy;
+        return base::copyRecord<Derived>(source);
     }
     /// Does nothing: the entries stay (use clear()).
     void reset() override {}
@@ -38,56 +36,23 @@ public:
     /// returns the last entry's result, or \a startId for an empty list.
     int setIDs(int startId)
     {
-        m_startId = startId;
+        this->m_startId = startId;
         int last = startId;
-        for (Entry &entry : m_entries)
-            last = entry.setIDs(m_startId);
+        for (Entry &entry : this->m_entries)
+            last = entry.setIDs(startId);
         return last;
     }
-    int startID() const { return m_startId; }
-
-    /// Appends a copy of \a entry.
-    void appendEntry(const Entry &entry) { m_entries.push_back(entry); }
-    int count() const { return static_cast<int>(m_entries.size()); }
-    const std::vector<Entry> &container() const { return m_entries; }
-    /// Destroys all entries.
-    void clear()
-    {
-        m_entries.clear();
-        m_cursor = 0;
-    }
-    /// Removes the first entry, if any; the others move up by one. The cursor stays where it
-    /// is, so an iteration under way skips one entry.
-    void removeFirstEntry()
-    {
-        if (!m_entries.empty())
-            m_entries.erase(m_entries.begin());
-    }
-
-    /// Starts an iteration: the first entry, with the cursor past it; null when empty.
-    Entry *firstEntry()
-    {
-        setIteratorToStart();
-        return getNextEntry();
-    }
-    /// The entry under the cursor, advancing it; null after the last.
-    Entry *getNextEntry()
-    {
-        if (m_cursor >= m_entries.size())
-            return nullptr;
-        return &m_entries[m_cursor++];
-    }
-    void setIteratorToStart() { m_cursor = 0; }
 
     /// Equal counts and pairwise equal entries in the same order; two empty lists are equal.
     bool compareList(const Derived &other) const
     {
+        const std::vector<Entry> &mine = this->m_entries;
         const std::vector<Entry> &others = other.container();
-        if (m_entries.size() != others.size())
+        if (mine.size() != others.size())
             return false;
-        for (size_t i = 0; i < m_entries.size(); ++i) {
+        for (size_t i = 0; i < mine.size(); ++i) {
             // The entries' equality may take non-const references; it does not modify them.
-            if (!(const_cast<Entry &>(m_entries[i]) == const_cast<Entry &>(others[i])))
+            if (!(const_cast<Entry &>(mine[i]) == const_cast<Entry &>(others[i])))
                 return false;
         }
         return true;
@@ -100,12 +65,6 @@ protected:
     LinkEntryList(const LinkEntryList &other) = default;
     LinkEntryList &operator=(const LinkEntryList &other) = default;
     ~LinkEntryList() override = default;
-
-    std::vector<Entry> m_entries;
-
-private:
-    size_t m_cursor = 0;
-    int m_startId = 0;
 };
 
 } // namespace sigdb

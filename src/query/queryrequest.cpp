@@ -44,7 +44,7 @@ QueryRequest &QueryRequest::operator=(const QueryRequest &other) = default;
 
 base::DbBaseType *QueryRequest::getCopy(const base::DbBaseType *source)
 {
-    return copyRecord<QueryRequest>(source);
+    return base::copyRecord<QueryRequest>(source);
 }
 
 void QueryRequest::reset() {}
@@ -100,7 +100,7 @@ QueryRequestList &QueryRequestList::operator=(const QueryRequestList &other) = d
 
 base::DbBaseType *QueryRequestList::getCopy(const base::DbBaseType *source)
 {
-    return copyRecord<QueryRequestList>(source);
+    return base::copyRecord<QueryRequestList>(source);
 }
 
 void QueryRequestList::reset() {}

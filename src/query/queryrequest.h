@@ -3,7 +3,7 @@
 
 #include "sigdbref_export.h"
 
-#include "auxiliary/recordlist.h"
+#include "core/recordlist.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/sigdbelementdetails.h"
 #include "query/querycolumns.h"
