@@ -1,6 +1,8 @@
 #include "client/refcallback.h"
 
 #include "client/ordertype.h"
+#include "element/elementoverview.h"
+#include "element/elementoverviewlist.h"
 #include "io/columnstream.h"
 
 #include <QString>
@@ -15,6 +17,19 @@ namespace {
 /// record did not decode.
 using Dispatch = bool (*)(RefCallback &callback, ColumnReader &reader);
 
+/// The dispatch of one answer record type: a fresh Record, numbered like the sender's, decoded
+/// and handed to \a callback; the record lives only for the duration of the callback.
+template <typename Record, void (RefCallback::*callback)(Record &)>
+bool decodeAndDeliver(RefCallback &receiver, ColumnReader &reader)
+{
+    Record record;
+    record.setIDs(0);
+    if (!record.readFrom(reader))
+        return false;
+    (receiver.*callback)(record);
+    return true;
+}
+
 struct Route
 {
     int orderType;
@@ -25,16 +40,22 @@ struct Route
 // The dispatch table. The double blanks before "failed" in three texts are part of the
 // interface and are kept.
 const Route kRoutes[] = {
-    {OrderType_GetElementOverview, nullptr,
+    {OrderType_GetElementOverview,
+     &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementOverview>,
      "deserialize ElementOverview (callbackElementOverview) failed"},
-    {OrderType_GetElementOverviewList, nullptr,
+    {OrderType_GetElementOverviewList,
+     &decodeAndDeliver<ElementOverviewList, &RefCallback::callbackElementOverviewList>,
      "deserialize ElementOverviewList (callbackElementOverviewList)  failed"},
     {OrderType_GetElementDetailList, nullptr, "deserialize ElementDetailsList  failed"},
-    {OrderType_CreateElement, nullptr, "deserialize ElementOverview (callbackElementCreated) failed"},
-    {OrderType_ChangeElement, nullptr, "deserialize ElementOverview (callbackElementChanged) failed"},
+    {OrderType_CreateElement, &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementCreated>,
+     "deserialize ElementOverview (callbackElementCreated) failed"},
+    {OrderType_ChangeElement, &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementChanged>,
+     "deserialize ElementOverview (callbackElementChanged) failed"},
     {OrderType_ChangeLink, nullptr, "deserialize LinkChangeDefinition failed"},
     {OrderType_ChangePlotEntry, nullptr, "deserialize PlotEntryList  failed"},
-    {OrderType_NewElementWithLink, nullptr, "deserialize ElementOverviewList  failed"},
+    {OrderType_NewElementWithLink,
+     &decodeAndDeliver<ElementOverviewList, &RefCallback::callbackNewElementWithLink>,
+     "deserialize ElementOverviewList  failed"},
 };
 
 const Route *findRoute(int orderType)

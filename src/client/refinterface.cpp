@@ -3,6 +3,7 @@
 #include "client/sigdbelementwithmaxcount.h"
 #include "client/refcallback.h"
 #include "core/elementlist.h"
+#include "element/elementoverviewlist.h"
 
 namespace sigdb {
 
@@ -39,6 +40,11 @@ int RefInterface::deleteElement(SigdbElement &element, const RefCallback *callba
 int RefInterface::approveElement(SigdbElement &element, const RefCallback *callback)
 {
     return send(OrderType_ApproveElement, element, callback);
+}
+
+int RefInterface::changeCollocation(ElementOverviewList &group, const RefCallback *callback)
+{
+    return send(OrderType_ChangeCollocation, group, callback);
 }
 
 } // namespace sigdb

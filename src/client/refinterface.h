@@ -9,6 +9,7 @@
 namespace sigdb {
 
 class ElementList;
+class ElementOverviewList;
 class RefCallback;
 class SigdbElement;
 class SigdbElementWithMaxCount;
@@ -34,6 +35,8 @@ public:
     int deleteElement(SigdbElement &element, const RefCallback *callback);
     /// Order 5008: approves (or rejects) the changes of an element.
     int approveElement(SigdbElement &element, const RefCallback *callback);
+    /// Order 5010: sends a changed collocation group (repaired and marked beforehand).
+    int changeCollocation(ElementOverviewList &group, const RefCallback *callback);
 
 private:
     int send(int orderType, const base::DbBaseType &record, const BaseCallback *callback);
