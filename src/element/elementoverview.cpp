@@ -6,6 +6,9 @@
 
 #include <QString>
 
+#include <initializer_list>
+#include <iterator>
+
 namespace sigdb {
 
 namespace {
@@ -15,7 +18,8 @@ constexpr int kNetworkElementType = 4;
 /// The key column; a table without it names a replacement column instead.
 constexpr int kKeyColumnId = 17;
 
-/// The names of the network types, in the order in which names are matched.
+/// The names of the network types, in the order in which names are matched. The last row,
+/// unstructured, also names every value that is neither star nor hierarchical.
 struct NetworkTypeName
 {
     int type;
@@ -39,7 +43,7 @@ base::DbDataType<std::string> networkTypeName(int type, const char *NetworkTypeN
         if (row.type == type)
             return std::string(row.*name);
     }
-    return std::string(kNetworkTypeNames[2].*name);
+    return std::string(std::end(kNetworkTypeNames)[-1].*name);
 }
 
 /// The network type named \a text exactly, or no network.

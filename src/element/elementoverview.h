@@ -142,11 +142,15 @@ public:
     int networkType() const;
     /// A location indication of 4 or more means that the element stands in a collocation group.
     bool isCollocated() const;
+    /// Whether the element leads its collocation group; false while NULL.
     bool isCollocationGroupLeader() const;
+    /// Whether elements of this type can stand in a collocation group at all.
     bool canBeCollocated() const { return element.canBeCollocated(); }
     /// Whether one of the uniquely linked elements is of the superior type of the element.
     bool hasSuperior() const;
+    /// Whether any element is linked uniquely to this one.
     bool hasUniqueLink() const { return uniqueLinks.count() > 0; }
+    /// Whether every link of the element is approved (approval bit 1024).
     bool allLinksAreApproved() const { return element.hasApvState(Apv_AllLinksApproved); }
     /// Modification state 5 or 6.
     bool isDeleted() const;
@@ -157,6 +161,7 @@ public:
     /// True unless the element is changed (3) or deleted (5, 6) in the MDL; true while NULL.
     bool isCurrentlyInMdlAndApl() const;
 
+    // Membership flags of networkTypeWord; all false while the word is NULL.
     bool isMemberOfNetworkInMdl() const { return hasNetworkWordFlag(MemberOfNetworkInMdl); }
     bool isMemberOfNetworkInApl() const { return hasNetworkWordFlag(MemberOfNetworkInApl); }
     bool isMemberOfCollocationGroupInMdl() const { return hasNetworkWordFlag(MemberOfCollocationGroupInMdl); }
@@ -164,7 +169,9 @@ public:
     bool hasNotApprovedCollocationGroup() const { return hasNetworkWordFlag(NotApprovedCollocationGroup); }
 
     // Modifiers
+    /// Makes the element lead its group (or not); the column is not NULL afterwards.
     void setCollocationGroupLeader(bool leader) { collocationGroupLeader = leader; }
+    /// Replaces the collocation modification bit set; not NULL afterwards.
     void setCollocationModificationState(int state) { collocationModState = state; }
     /// Adds bit \a state; adding any other state drops state 1 (unchanged), which holds only
     /// alone.
@@ -174,6 +181,8 @@ public:
 
     /// Adds \a type arithmetically to the word (sets it while NULL).
     void addNetworkType(int type);
+    // Membership flag setters: a NULL word becomes the flag alone, a flag already set stays
+    // as it is, otherwise the flag is added to the word.
     void setIsMemberOfNetworkInMdl() { setNetworkWordFlag(MemberOfNetworkInMdl); }
     void setIsMemberOfNetworkInApl() { setNetworkWordFlag(MemberOfNetworkInApl); }
     void setIsMemberOfCollocationGroupInMdl() { setNetworkWordFlag(MemberOfCollocationGroupInMdl); }

@@ -58,6 +58,7 @@ public:
     /// sub-list from the same start id (the parent's last id). Returns the collocated
     /// location's last id.
     int setIDs(int start);
+    /// The id from which results and sub-lists were last numbered.
     int startID() const { return m_startId; }
 
     /// Writes the stream form: the list's own fields, then every result, then every sub-list
@@ -70,9 +71,11 @@ public:
     bool readFrom(ColumnReader &reader);
 
     // List fields
+    /// How many further results the server holds beyond those delivered.
     unsigned int moreResultsAvailable() const { return m_moreResultsAvailable; }
     void setMoreResultsAvailable(unsigned int count) { m_moreResultsAvailable = count; }
     void addMoreResultsAvailable(unsigned int count) { m_moreResultsAvailable += count; }
+    /// The element whose list this is (for a collocation group: the group).
     const SigdbElement &parentDefinition() const { return m_parentDefinition; }
     SigdbElement &parentDefinition() { return m_parentDefinition; }
     void setParentDefinition(const SigdbElement &parent) { m_parentDefinition = parent; }
@@ -81,15 +84,18 @@ public:
     /// The parent's TID; for a parent of type 24 without TID the TID of the first sub-list's
     /// parent (when there is a sub-list).
     unsigned long long parentTID() const;
+    /// The kind of list that was requested.
     ElementList_Type requestedListType() const { return m_requestedListType; }
     void setRequestedListType(ElementList_Type type) { m_requestedListType = type; }
+    /// The data layer of the list; 0 means not set.
     int dataLayer() const { return m_dataLayer; }
     void setDataLayer(int layer) { m_dataLayer = layer; }
     bool isDataLayerSet() const { return m_dataLayer != 0; }
+    /// The location of the collocation group the list describes.
     const LocationEntry &collocatedLocation() const { return m_collocatedLocation; }
     void setCollocatedLocation(const LocationEntry &location) { m_collocatedLocation = location; }
 
-    // Collocation modification state of the group the list describes
+    // Collocation modification state of the group the list describes; NULL reads as 0
     int collocationModificationState() const { return collocationModState(); }
     void setCollocationModificationState(int state) { collocationModState = state; }
     bool hasCollocationModificationState(int state) const { return collocationModState.has(state); }
@@ -102,12 +108,15 @@ public:
     void setApprove(bool approve);
 
     // Results
+    /// The number of results.
     int count() const { return static_cast<int>(m_results.size()); }
+    /// The results in list order.
     const std::vector<ElementOverview> &results() const { return m_results; }
     /// Appends a copy of \a result; with \a ordered it is inserted by its order number
     /// instead: a result without number goes first, a numbered one before the first result
     /// with a greater number (so equal numbers keep their order of arrival).
     void appendResult(const ElementOverview &result, bool ordered);
+    /// Inserts a copy of \a result in front of all results.
     void prependResult(const ElementOverview &result);
     /// Appends a copy unless a result of the same element is present; returns whether it did.
     bool appendResultNoDuplicate(const ElementOverview &result);
@@ -119,6 +128,7 @@ public:
     /// Removes every result; the result cursor is left where it is.
     void clear();
 
+    /// Moves the result cursor back to the first result.
     void setIteratorToStart() { m_resultCursor = 0; }
     /// The first result (null when empty), with the cursor moved past it.
     const ElementOverview *firstResult();
@@ -132,13 +142,16 @@ public:
     const ElementOverview *selectedResult() const;
 
     // Sub-lists
+    /// The number of sub-lists.
     int subListCount() const { return static_cast<int>(m_subLists.size()); }
+    /// The sub-lists in list order.
     const std::vector<ElementOverviewList> &subLists() const { return m_subLists; }
     /// Appends a copy of \a list as a sub-list.
     void appendResultList(const ElementOverviewList &list);
     /// Removes every sub-list; the sub-list cursor is left where it is.
     void clearSubLists();
 
+    /// The sub-list iteration, as setIteratorToStart(), firstResult() and getNextResult().
     void setSubListIteratorToStart() { m_subListCursor = 0; }
     const ElementOverviewList *firstSubList();
     const ElementOverviewList *getNextSubList();
@@ -185,6 +198,7 @@ public:
 
     /// Bit set of Collocation_Modification_State values; 1 and not NULL on a fresh list.
     CollocationStateColumn collocationModState;
+    /// Text columns carried with the list.
     base::DbDataType<std::string> listText1;
     base::DbDataType<std::string> listText2;
     base::DbDataType<std::string> listText3;

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 
 using namespace sigdb;
@@ -705,7 +704,7 @@ TEST(ElementOverview, EqualityReadsANullCollocationStateAsZero)
 
 TEST(ElementOverview, EveryComparedFieldMatters)
 {
-    const std::vector<std::pair<const char *, std::function<void(ElementOverview &)>>> changes = {
+    overviewtest::expectEveryChangeMatters<ElementOverview>(populatedOverview(), {
         {"element", [](ElementOverview &o) { o.element.setTID(1); }},
         {"keyText1", [](ElementOverview &o) { o.keyText1 = std::string("other"); }},
         {"keyText2", [](ElementOverview &o) { o.keyText2.setNull(true); }},
@@ -725,14 +724,7 @@ TEST(ElementOverview, EveryComparedFieldMatters)
         {"infoText3", [](ElementOverview &o) { o.infoText3.setNull(true); }},
         {"infoText4", [](ElementOverview &o) { o.infoText4 = std::string("x"); }},
         {"collocationGroupLeader", [](ElementOverview &o) { o.collocationGroupLeader = false; }},
-    };
-    const ElementOverview original = populatedOverview();
-    for (const auto &change : changes) {
-        ElementOverview changed = original;
-        change.second(changed);
-        EXPECT_FALSE(original == changed) << change.first;
-        EXPECT_TRUE(original != changed) << change.first;
-    }
+    });
 }
 
 TEST(ElementOverview, CopiesAreEqualAndIndependent)

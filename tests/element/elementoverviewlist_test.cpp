@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -488,8 +487,7 @@ TEST(ElementOverviewList, EqualityReadsANullCollocationStateAsZero)
 
 TEST(ElementOverviewList, EveryComparedFieldMatters)
 {
-    using Change = std::function<void(ElementOverviewList &)>;
-    const std::vector<std::pair<const char *, Change>> changes = {
+    overviewtest::expectEveryChangeMatters<ElementOverviewList>(overviewtest::populatedTree(), {
         {"moreResultsAvailable", [](ElementOverviewList &l) { l.addMoreResultsAvailable(1); }},
         {"parentDefinition", [](ElementOverviewList &l) { l.setParentDefinition(element(24, 101)); }},
         {"collocationModState", [](ElementOverviewList &l) { l.addCollocationModificationState(8); }},
@@ -530,14 +528,7 @@ TEST(ElementOverviewList, EveryComparedFieldMatters)
              for (const ElementOverviewList &subList : subLists)
                  l.appendResultList(subList);
          }},
-    };
-    const ElementOverviewList original = overviewtest::populatedTree();
-    for (const auto &change : changes) {
-        ElementOverviewList changed = original;
-        change.second(changed);
-        EXPECT_FALSE(original == changed) << change.first;
-        EXPECT_TRUE(original != changed) << change.first;
-    }
+    });
 }
 
 TEST(ElementOverviewList, CompareContentLooksOnlyAtResultsAndSubLists)

@@ -9,7 +9,12 @@
 
 #include <QByteArray>
 
+#include <gtest/gtest.h>
+
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 // Builders and stream helpers shared by the element tests.
 namespace overviewtest {
@@ -142,6 +147,23 @@ inline sigdb::ElementOverviewList populatedTree()
     top.appendResultList(middle);
     top.appendResultList(sigdb::ElementOverviewList());
     return top;
+}
+
+/// One named change of a record, for equality tests.
+template <typename Record>
+using Change = std::pair<const char *, std::function<void(Record &)>>;
+
+/// Expects every change of \a changes, applied alone to a copy of \a original, to make the
+/// copy unequal to the original.
+template <typename Record>
+void expectEveryChangeMatters(const Record &original, const std::vector<Change<Record>> &changes)
+{
+    for (const Change<Record> &change : changes) {
+        Record changed = original;
+        change.second(changed);
+        EXPECT_FALSE(original == changed) << change.first;
+        EXPECT_TRUE(original != changed) << change.first;
+    }
 }
 
 } // namespace overviewtest
