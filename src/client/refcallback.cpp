@@ -2,6 +2,8 @@
 
 #include "auxiliary/plotentry.h"
 #include "client/ordertype.h"
+#include "element/elementoverview.h"
+#include "element/elementoverviewlist.h"
 #include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
 
@@ -40,18 +42,24 @@ struct Route
 // The dispatch table. The double blanks before "failed" in three texts are part of the
 // interface and are kept.
 const Route kRoutes[] = {
-    {OrderType_GetElementOverview, nullptr,
+    {OrderType_GetElementOverview,
+     &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementOverview>,
      "deserialize ElementOverview (callbackElementOverview) failed"},
-    {OrderType_GetElementOverviewList, nullptr,
+    {OrderType_GetElementOverviewList,
+     &decodeAndDeliver<ElementOverviewList, &RefCallback::callbackElementOverviewList>,
      "deserialize ElementOverviewList (callbackElementOverviewList)  failed"},
     {OrderType_GetElementDetailList, nullptr, "deserialize ElementDetailsList  failed"},
-    {OrderType_CreateElement, nullptr, "deserialize ElementOverview (callbackElementCreated) failed"},
-    {OrderType_ChangeElement, nullptr, "deserialize ElementOverview (callbackElementChanged) failed"},
-    {OrderType_ChangeLink, decodeAndDeliver<LinkChangeDefinition, &RefCallback::callbackLinkChanged>,
+    {OrderType_CreateElement, &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementCreated>,
+     "deserialize ElementOverview (callbackElementCreated) failed"},
+    {OrderType_ChangeElement, &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementChanged>,
+     "deserialize ElementOverview (callbackElementChanged) failed"},
+    {OrderType_ChangeLink, &decodeAndDeliver<LinkChangeDefinition, &RefCallback::callbackLinkChanged>,
      "deserialize LinkChangeDefinition failed"},
-    {OrderType_ChangePlotEntry, decodeAndDeliver<PlotEntryList, &RefCallback::callbackPlotEntryList>,
+    {OrderType_ChangePlotEntry, &decodeAndDeliver<PlotEntryList, &RefCallback::callbackPlotEntryList>,
      "deserialize PlotEntryList  failed"},
-    {OrderType_NewElementWithLink, nullptr, "deserialize ElementOverviewList  failed"},
+    {OrderType_NewElementWithLink,
+     &decodeAndDeliver<ElementOverviewList, &RefCallback::callbackNewElementWithLink>,
+     "deserialize ElementOverviewList  failed"},
 };
 
 const Route *findRoute(int orderType)

@@ -4,6 +4,7 @@
 #include "client/sigdbelementwithmaxcount.h"
 #include "client/refcallback.h"
 #include "core/elementlist.h"
+#include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
 #include "query/queryrequest.h"
 
@@ -52,6 +53,11 @@ int RefInterface::approveElement(SigdbElement &element, const RefCallback *callb
 int RefInterface::changeLink(LinkChangeDefinition &change, const CoreCallback *callback)
 {
     return send(OrderType_ChangeLink, change, callback);
+}
+
+int RefInterface::changeCollocation(ElementOverviewList &group, const RefCallback *callback)
+{
+    return send(OrderType_ChangeCollocation, group, callback);
 }
 
 int RefInterface::changePlotEntry(PlotEntryList &entries, const RefCallback *callback)

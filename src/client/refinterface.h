@@ -10,6 +10,7 @@
 namespace sigdb {
 
 class ElementList;
+class ElementOverviewList;
 class LinkChangeDefinition;
 class PlotEntryList;
 class QueryRequestList;
@@ -43,7 +44,8 @@ public:
     /// Order 5009: changes links. The answer reaches a RefCallback's callbackLinkChanged(),
     /// yet this order alone is addressed to a CoreCallback; the signature is kept as it is.
     int changeLink(LinkChangeDefinition &change, const CoreCallback *callback);
-
+    /// Order 5010: sends a changed collocation group (repaired and marked beforehand).
+    int changeCollocation(ElementOverviewList &group, const RefCallback *callback);
     /// Order 5011: changes rows of a plot table.
     int changePlotEntry(PlotEntryList &entries, const RefCallback *callback);
 

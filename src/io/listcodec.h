@@ -19,6 +19,20 @@ void writeListEntries(ColumnWriter &writer, int countTag, const Container &entri
         writeEntry(entry);
 }
 
+/// Calls \a readEntry once per entry of an already read \a count (a count below 1 reads
+/// nothing). An entry that would have to be read from an exhausted stream fails the list, so
+/// an announced count never makes the reader loop or allocate beyond the bytes that are really
+/// there. For lists whose counts travel apart from their entries.
+template <typename ReadEntry>
+bool readCountedEntries(ColumnReader &reader, qint64 count, ReadEntry readEntry)
+{
+    for (qint64 i = 0; i < count; ++i) {
+        if (reader.atEnd() || !readEntry())
+            return false;
+    }
+    return true;
+}
+
 /// Reads the count frame and then calls \a readEntry once per announced entry; \a readEntry
 /// builds, numbers, decodes and appends one entry and returns whether that worked.
 ///
@@ -32,11 +46,7 @@ bool readListEntries(ColumnReader &reader, int countTag, ReadEntry readEntry)
     qint64 count = 0;
     if (!reader.readLongField(countTag, count))
         return false;
-    for (qint64 i = 0; i < count; ++i) {
-        if (reader.atEnd() || !readEntry())
-            return false;
-    }
-    return true;
+    return readCountedEntries(reader, count, readEntry);
 }
 
 } // namespace sigdb
