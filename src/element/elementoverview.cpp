@@ -217,9 +217,7 @@ bool ElementOverview::readFrom(ColumnReader &reader)
         && reader.read(infoText3)
         && reader.read(infoText4)
         && location.readFrom(reader)
-        && locationList.readFrom(reader)
-        // A record cut short reads zeros at its end; it is incomplete, not a record.
-        && reader.stream().status() == QDataStream::Ok;
+        && locationList.readFrom(reader);
 }
 
 bool ElementOverview::hasCollocationModificationState(Collocation_Modification_State state) const

@@ -141,8 +141,7 @@ bool ElementOverviewList::readFrom(ColumnReader &reader)
         || !m_collocatedLocation.readFrom(reader))
         return false;
 
-    const bool entriesRead
-        = readCountedEntries(reader, resultCount, [this, &reader]() {
+    return readCountedEntries(reader, resultCount, [this, &reader]() {
               ElementOverview result;
               result.setIDs(m_startId);
               if (!result.readFrom(reader))
@@ -158,8 +157,6 @@ bool ElementOverviewList::readFrom(ColumnReader &reader)
                m_subLists.push_back(std::move(subList));
                return true;
            });
-    // A list cut short reads zeros at its end; it is incomplete, not a list.
-    return entriesRead && reader.stream().status() == QDataStream::Ok;
 }
 
 unsigned long long ElementOverviewList::parentTID() const
