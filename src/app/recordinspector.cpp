@@ -2,10 +2,15 @@
 
 #include "recordjson.h"
 
+#include "auxiliary/plotentry.h"
 #include "client/ordertype.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
 #include "core/sigdbelementdetails.h"
+#include "element/elementoverview.h"
+#include "element/elementoverviewlist.h"
+#include "link/linkchangedefinition.h"
+#include "query/queryrequest.h"
 #include "io/columnstream.h"
 
 namespace sigdbtool {
@@ -62,6 +67,23 @@ std::vector<RecordInspector> buildInspectors()
                                                {OrderType_GetElementSubElementList}),
         columnRecord<ElementList>("ElementList", Direction::Request, {OrderType_GetElementDetailList}),
         columnRecord<SigdbElementDetails>("SigdbElementDetails", Direction::Request, {}),
+        columnRecord<QueryRequestList>("QueryRequestList", Direction::Request,
+                                       {OrderType_GetElementOverviewList}),
+        columnRecord<ElementOverviewList>("ElementOverviewList", Direction::Request,
+                                          {OrderType_ChangeCollocation}),
+        columnRecord<LinkChangeDefinition>("LinkChangeDefinition", Direction::Request,
+                                           {OrderType_ChangeLink}),
+        columnRecord<PlotEntryList>("PlotEntryList", Direction::Request, {OrderType_ChangePlotEntry}),
+
+        columnRecord<ElementOverview>("ElementOverview", Direction::Answer,
+                                      {OrderType_GetElementOverview, OrderType_CreateElement,
+                                       OrderType_ChangeElement}),
+        columnRecord<ElementOverviewList>("ElementOverviewList", Direction::Answer,
+                                          {OrderType_GetElementOverviewList,
+                                           OrderType_NewElementWithLink}),
+        columnRecord<LinkChangeDefinition>("LinkChangeDefinition", Direction::Answer,
+                                           {OrderType_ChangeLink}),
+        columnRecord<PlotEntryList>("PlotEntryList", Direction::Answer, {OrderType_ChangePlotEntry}),
     };
 }
 

@@ -1,9 +1,16 @@
 #include "recordjson.h"
 
+#include "auxiliary/plotentry.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
 #include "core/locationentry.h"
 #include "core/sigdbelementdetails.h"
+#include "element/elementoverview.h"
+#include "element/elementoverviewlist.h"
+#include "link/linkchangedefinition.h"
+#include "query/queryrequest.h"
+
+#include <tuple>
 
 namespace sigdbtool {
 
@@ -113,6 +120,121 @@ QJsonValue toJson(const sigdb::SigdbElementDetails &details)
         {QStringLiteral("profileFlags"), toJsonArray(profile.boolVector())},
         {QStringLiteral("profileValid"), profile.isValid()},
         {QStringLiteral("parameterSet"), toJson(profile.parameterSet())},
+    };
+}
+
+QJsonValue toJson(const sigdb::ElementOverview &overview)
+{
+    return QJsonObject{
+        {QStringLiteral("element"), toJson(overview.element)},
+        {QStringLiteral("relatedElement"), toJson(overview.relatedElement)},
+        {QStringLiteral("exchgIdText"), toJson(overview.exchgIdText)},
+        {QStringLiteral("infoText2"), toJson(overview.infoText2)},
+        {QStringLiteral("infoText3"), toJson(overview.infoText3)},
+        {QStringLiteral("infoText4"), toJson(overview.infoText4)},
+        {QStringLiteral("keyText1"), toJson(overview.keyText1)},
+        {QStringLiteral("keyText2"), toJson(overview.keyText2)},
+        {QStringLiteral("keyText3"), toJson(overview.keyText3)},
+        {QStringLiteral("locationIndication"), toJson(overview.locationIndication)},
+        {QStringLiteral("modificationState"), toJson(overview.modificationState)},
+        {QStringLiteral("linkModificationState"), toJson(overview.linkModificationState)},
+        {QStringLiteral("networkTypeWord"), toJson(overview.networkTypeWord)},
+        {QStringLiteral("auxiliaryTid"), toJson(overview.auxiliaryTid)},
+        {QStringLiteral("location"), toJson(overview.location)},
+        {QStringLiteral("locationList"), toJson(overview.locationList)},
+        {QStringLiteral("uniqueLinks"), toJson(overview.uniqueLinks)},
+        {QStringLiteral("collocationGroupLeader"), toJson(overview.collocationGroupLeader)},
+        {QStringLiteral("orderNumber"), toJson(overview.orderNumber)},
+        {QStringLiteral("collocationModState"), toJson(overview.collocationModState)},
+    };
+}
+
+QJsonValue toJson(const sigdb::ElementOverviewList &list)
+{
+    return QJsonObject{
+        {QStringLiteral("parentDefinition"), toJson(list.parentDefinition())},
+        {QStringLiteral("moreResultsAvailable"), toJson(list.moreResultsAvailable())},
+        {QStringLiteral("requestedListType"), static_cast<int>(list.requestedListType())},
+        {QStringLiteral("dataLayer"), list.dataLayer()},
+        {QStringLiteral("collocationModState"), toJson(list.collocationModState)},
+        {QStringLiteral("listText1"), toJson(list.listText1)},
+        {QStringLiteral("listText2"), toJson(list.listText2)},
+        {QStringLiteral("listText3"), toJson(list.listText3)},
+        {QStringLiteral("collocatedLocation"), toJson(list.collocatedLocation())},
+        {QStringLiteral("results"), toJsonArray(list.results())},
+        {QStringLiteral("subLists"), toJsonArray(list.subLists())},
+    };
+}
+
+QJsonValue toJson(const sigdb::QueryRequest &request)
+{
+    QJsonObject columns;
+    int position = 0;
+    std::apply(
+        [&columns, &position](const auto &...column) {
+            ((columns.insert(QString::fromLatin1(sigdb::QueryRequest::columnName(position++)),
+                             QJsonObject{{QStringLiteral("value"), toJson(column)},
+                                         {QStringLiteral("orderBy"), column.orderBy()},
+                                         {QStringLiteral("ascending"), column.ascending()}})),
+             ...);
+        },
+        request.columns());
+    return QJsonObject{
+        {QStringLiteral("element"), toJson(request.element())},
+        {QStringLiteral("detailsTemplate"), toJson(request.detailsTemplate())},
+        {QStringLiteral("exactMatch"), toJson(request.exactMatch())},
+        {QStringLiteral("columns"), columns},
+    };
+}
+
+QJsonValue toJson(const sigdb::QueryRequestList &list)
+{
+    return QJsonObject{
+        {QStringLiteral("queryId"), toJson(list.queryId())},
+        {QStringLiteral("requestType"), toJson(list.requestType())},
+        {QStringLiteral("queryName"), toJson(list.queryName())},
+        {QStringLiteral("queryOwner"), toJson(list.queryOwner())},
+        {QStringLiteral("clientReference"), QString::number(list.clientReference())},
+        {QStringLiteral("requests"), toJsonArray(list.container())},
+    };
+}
+
+QJsonValue toJson(const sigdb::PlotEntry &entry)
+{
+    return QJsonObject{
+        {QStringLiteral("modificationState"), toJson(entry.modificationState)},
+        {QStringLiteral("firstId"), toJson(entry.firstId)},
+        {QStringLiteral("secondId"), toJson(entry.secondId)},
+        {QStringLiteral("text"), toJson(entry.text)},
+    };
+}
+
+QJsonValue toJson(const sigdb::PlotEntryList &list)
+{
+    return QJsonObject{
+        {QStringLiteral("listId"), toJson(list.listId)},
+        {QStringLiteral("listText1"), toJson(list.listText1)},
+        {QStringLiteral("listText2"), toJson(list.listText2)},
+        {QStringLiteral("entries"), toJsonArray(list.container())},
+    };
+}
+
+QJsonValue toJson(const sigdb::LinkAction &link)
+{
+    return QJsonObject{
+        {QStringLiteral("actionType"), link.actionType()},
+        {QStringLiteral("fromElement"), toJson(link.fromElement())},
+        {QStringLiteral("toElement"), toJson(link.toElement())},
+        {QStringLiteral("orderNumber"), toJson(link.orderNumber())},
+    };
+}
+
+QJsonValue toJson(const sigdb::LinkChangeDefinition &change)
+{
+    return QJsonObject{
+        {QStringLiteral("modificationUser"), toJson(change.modificationUser())},
+        {QStringLiteral("link1"), toJson(change.link1())},
+        {QStringLiteral("link2"), toJson(change.link2())},
     };
 }
 

@@ -18,6 +18,14 @@ class LocationEntryList;
 class SigdbElement;
 class SigdbElementDetails;
 class SigdbElementWithMaxCount;
+class ElementOverview;
+class ElementOverviewList;
+class QueryRequest;
+class QueryRequestList;
+class PlotEntry;
+class PlotEntryList;
+class LinkAction;
+class LinkChangeDefinition;
 } // namespace sigdb
 
 namespace sigdbtool {
@@ -50,6 +58,14 @@ QJsonValue toJson(const sigdb::ElementList &list);
 QJsonValue toJson(const sigdb::LocationEntry &entry);
 QJsonValue toJson(const sigdb::LocationEntryList &list);
 QJsonValue toJson(const sigdb::SigdbElementDetails &details);
+QJsonValue toJson(const sigdb::ElementOverview &overview);
+QJsonValue toJson(const sigdb::ElementOverviewList &list);
+QJsonValue toJson(const sigdb::QueryRequest &request);
+QJsonValue toJson(const sigdb::QueryRequestList &list);
+QJsonValue toJson(const sigdb::PlotEntry &entry);
+QJsonValue toJson(const sigdb::PlotEntryList &list);
+QJsonValue toJson(const sigdb::LinkAction &link);
+QJsonValue toJson(const sigdb::LinkChangeDefinition &change);
 
 template <typename T>
 QJsonArray toJsonArray(const std::vector<T> &values)
