@@ -1,0 +1,323 @@
+// Runs the sigdbref tool as a user would: bytes produced by the library go in, JSON comes out.
+
+#include "auxiliary/plotentry.h"
+#include "client/sigdbelementwithmaxcount.h"
+#include "core/elementlist.h"
+#include "element/elementoverview.h"
+#include "element/elementoverviewlist.h"
+#include "link/linkchangedefinition.h"
+#include "query/queryrequest.h"
+
+#include "testsupport.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+struct ToolRun
+{
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+    QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
+};
+
+ToolRun runTool(const QStringList &arguments, const QByteArray &input = QByteArray())
+{
+    QProcess process;
+    process.start(QStringLiteral(SIGDBREF_TOOL), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    process.waitForFinished(60000);
+    ToolRun run;
+    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    run.out = process.readAllStandardOutput();
+    run.err = process.readAllStandardError();
+    return run;
+}
+
+template <typename Record>
+QByteArray encoded(const Record &record)
+{
+    QByteArray out;
+    record.serialize(out);
+    return out;
+}
+
+QStringList args(std::initializer_list<const char *> words)
+{
+    QStringList list;
+    for (const char *word : words)
+        list.append(QString::fromLatin1(word));
+    return list;
+}
+
+sigdb::ElementOverview sampleOverview()
+{
+    sigdb::ElementOverview overview;
+    overview.element.setType(1);
+    overview.element.setTID(4711);
+    overview.keyText1 = std::string("ALPHA");
+    overview.modificationState = sigdb::Modification_ChangedInMdl;
+    return overview;
+}
+
+// One record the tool must read back: the arguments that select it, its bytes, and a check
+// of the decoded JSON value.
+struct RecordCase
+{
+    const char *name;
+    QStringList arguments;
+    std::function<QByteArray()> bytes;
+    std::function<void(const QJsonValue &)> check;
+};
+
+std::vector<RecordCase> recordCases()
+{
+    const auto overviewCheck = [](const QJsonValue &value) {
+        EXPECT_EQ(value[QStringLiteral("element")][QStringLiteral("tid")].toInt(), 4711);
+        EXPECT_EQ(value[QStringLiteral("keyText1")].toString(), QStringLiteral("ALPHA"));
+        EXPECT_EQ(value[QStringLiteral("modificationState")].toInt(), 3);
+        EXPECT_TRUE(value[QStringLiteral("orderNumber")].isNull());
+    };
+    const auto elementBytes = [] {
+        sigdb::SigdbElement element;
+        element.setType(4);
+        element.setTID(12);
+        return encoded(element);
+    };
+    const auto elementCheck = [](const QJsonValue &value) {
+        EXPECT_EQ(value[QStringLiteral("type")].toInt(), 4);
+        EXPECT_EQ(value[QStringLiteral("tid")].toInt(), 12);
+    };
+    const auto listBytes = [] {
+        sigdb::ElementOverviewList list;
+        list.appendResult(sampleOverview(), false);
+        list.appendResultList(sigdb::ElementOverviewList());
+        return encoded(list);
+    };
+    const auto listCheck = [overviewCheck](const QJsonValue &value) {
+        ASSERT_EQ(value[QStringLiteral("results")].toArray().size(), 1);
+        overviewCheck(value[QStringLiteral("results")][0]);
+        EXPECT_EQ(value[QStringLiteral("subLists")].toArray().size(), 1);
+        EXPECT_EQ(value[QStringLiteral("collocationModState")].toInt(), 1);
+    };
+    const auto plotBytes = [] {
+        sigdb::PlotEntryList plots;
+        sigdb::PlotEntry entry;
+        entry.text = std::string("track 7");
+        plots.appendEntry(entry);
+        return encoded(plots);
+    };
+    const auto plotCheck = [](const QJsonValue &value) {
+        EXPECT_EQ(value[QStringLiteral("entries")][0][QStringLiteral("text")].toString(),
+                  QStringLiteral("track 7"));
+        EXPECT_EQ(value[QStringLiteral("entries")][0][QStringLiteral("modificationState")].toInt(), 7);
+    };
+    const auto linkBytes = [] {
+        sigdb::LinkChangeDefinition change;
+        change.link1().setActionType(10);
+        change.setModificationUser(std::string("someone"));
+        return encoded(change);
+    };
+    const auto linkCheck = [](const QJsonValue &value) {
+        EXPECT_EQ(value[QStringLiteral("modificationUser")].toString(), QStringLiteral("someone"));
+        EXPECT_EQ(value[QStringLiteral("link1")][QStringLiteral("actionType")].toInt(), 10);
+    };
+
+    return {
+        {"Answer5001", args({"--order-type", "5001"}), [] { return encoded(sampleOverview()); }, overviewCheck},
+        {"Answer5005", args({"--order-type", "5005"}), [] { return encoded(sampleOverview()); }, overviewCheck},
+        {"Answer5006", args({"--order-type", "5006"}), [] { return encoded(sampleOverview()); }, overviewCheck},
+        {"Answer5002", args({"--order-type", "5002"}), listBytes, listCheck},
+        {"Answer5012", args({"--order-type", "5012"}), listBytes, listCheck},
+        {"Answer5009", args({"--order-type", "5009"}), linkBytes, linkCheck},
+        {"Answer5011", args({"--order-type", "5011"}), plotBytes, plotCheck},
+        {"Request5001", args({"--order-type", "5001", "--request"}), elementBytes, elementCheck},
+        {"Request5007", args({"--order-type", "5007", "--request"}), elementBytes, elementCheck},
+        {"Request5008", args({"--order-type", "5008", "--request"}), elementBytes, elementCheck},
+        {"Request5002", args({"--order-type", "5002", "--request"}),
+         [] {
+             sigdb::QueryRequest query;
+             query.name() = std::string("AL*");
+             query.name().setOrderBy(true);
+             sigdb::QueryRequestList queries;
+             queries.appendEntry(query);
+             return encoded(queries);
+         },
+         [](const QJsonValue &value) {
+             const QJsonValue name = value[QStringLiteral("requests")][0][QStringLiteral("columns")][QStringLiteral("name")];
+             EXPECT_EQ(name[QStringLiteral("value")].toString(), QStringLiteral("AL*"));
+             EXPECT_TRUE(name[QStringLiteral("orderBy")].toBool());
+         }},
+        {"Request5003", args({"--order-type", "5003", "--request"}),
+         [] {
+             sigdb::SigdbElementWithMaxCount request;
+             request.setResultListMaxCount(25);
+             return encoded(request);
+         },
+         [](const QJsonValue &value) { EXPECT_EQ(value[QStringLiteral("resultListMaxCount")].toInt(), 25); }},
+        {"Request5004", args({"--order-type", "5004", "--request"}),
+         [] {
+             sigdb::ElementList list;
+             sigdb::SigdbElement element;
+             element.setType(5);
+             element.setTID(9);
+             list.appendEntry(element);
+             return encoded(list);
+         },
+         [](const QJsonValue &value) { EXPECT_EQ(value[0][QStringLiteral("tid")].toInt(), 9); }},
+        {"Request5009", args({"--order-type", "5009", "--request"}), linkBytes, linkCheck},
+        {"Request5010", args({"--order-type", "5010", "--request"}), listBytes, listCheck},
+        {"Request5011", args({"--order-type", "5011", "--request"}), plotBytes, plotCheck},
+        {"RecordByName", args({"--record", "ElementOverview"}), [] { return encoded(sampleOverview()); }, overviewCheck},
+    };
+}
+
+class InspectRecord : public testing::TestWithParam<RecordCase>
+{
+};
+
+} // namespace
+
+TEST_P(InspectRecord, PrintsTheDecodedRecordAsJson)
+{
+    const ToolRun run = runTool(QStringList{QStringLiteral("inspect")} + GetParam().arguments,
+                                GetParam().bytes());
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonObject json = run.json();
+    EXPECT_TRUE(json[QStringLiteral("ok")].toBool());
+    GetParam().check(json[QStringLiteral("value")]);
+}
+
+TEST_P(InspectRecord, HexInputGivesTheSameOutput)
+{
+    const QByteArray bytes = GetParam().bytes();
+    const ToolRun binary = runTool(QStringList{QStringLiteral("inspect")} + GetParam().arguments, bytes);
+    const ToolRun hex = runTool(QStringList{QStringLiteral("inspect"), QStringLiteral("--hex")}
+                                    + GetParam().arguments,
+                                bytes.toHex(' ') + "\n");
+    EXPECT_EQ(hex.exitCode, 0);
+    EXPECT_EQ(hex.out, binary.out);
+}
+
+TEST_P(InspectRecord, TruncatedInputFailsWithTheOffset)
+{
+    const QByteArray bytes = GetParam().bytes();
+    const ToolRun run = runTool(QStringList{QStringLiteral("inspect")} + GetParam().arguments,
+                                bytes.left(bytes.size() - 3));
+    EXPECT_EQ(run.exitCode, 1);
+    const QJsonObject json = run.json();
+    EXPECT_FALSE(json[QStringLiteral("ok")].toBool());
+    EXPECT_GE(json[QStringLiteral("offset")].toInt(), 0);
+    EXPECT_TRUE(json.contains(QStringLiteral("decoded")));
+    EXPECT_TRUE(run.err.contains("byte offset")) << run.err.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(AllRecords, InspectRecord, testing::ValuesIn(recordCases()),
+                         [](const testing::TestParamInfo<RecordCase> &info) {
+                             return std::string(info.param.name);
+                         });
+
+TEST(Tool, GarbageFailsCleanly)
+{
+    for (const char *orderType : {"5001", "5002", "5009", "5011", "5012"}) {
+        const ToolRun run = runTool(args({"inspect", "--order-type", orderType}),
+                                    QByteArray("\xff\xfe garbage \x00\x01", 14));
+        EXPECT_EQ(run.exitCode, 1) << orderType;
+        EXPECT_FALSE(run.json()[QStringLiteral("ok")].toBool());
+    }
+}
+
+TEST(Tool, TrailingBytesAreReported)
+{
+    const ToolRun run = runTool(args({"inspect", "--order-type", "5001"}), encoded(sampleOverview()) + "xx");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.err.contains("2 more bytes follow")) << run.err.toStdString();
+}
+
+TEST(Tool, RawColumnDissection)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--hex"}),
+                                "00 09 00 03 00 00 00 03 41 42 00  00 04 00 08 00 00 00 00 00 00 03 e8  00 07 00 00");
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonArray items = run.json()[QStringLiteral("items")].toArray();
+    ASSERT_EQ(items.size(), 3);
+    EXPECT_EQ(items[0][QStringLiteral("tag")].toInt(), 9);
+    EXPECT_EQ(items[0][QStringLiteral("value")][QStringLiteral("text")].toString(), QStringLiteral("AB"));
+    EXPECT_EQ(items[1][QStringLiteral("value")][QStringLiteral("int64")].toString(), QStringLiteral("1000"));
+    EXPECT_TRUE(items[2][QStringLiteral("value")].isNull());
+}
+
+TEST(Tool, RawColumnDissectionReportsTheOffsetOfACutFrame)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--hex"}), "00 04 00 08 00 00");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.json()[QStringLiteral("offset")].toInt(), 4);
+}
+
+TEST(Tool, RawPropertyDissectionFindsNestedRecordsAndStrings)
+{
+    // Block 0: qint32 2; block 1: the string "AB"; block 2: a nested record holding block 0.
+    const ToolRun run = runTool(args({"inspect", "--raw", "property", "--hex"}),
+                                "00000000 00000004 00000002"
+                                "00000001 00000007 00000003 414200"
+                                "00000002 00000010 0000000c 00000000 00000004 00000001");
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonArray items = run.json()[QStringLiteral("items")].toArray();
+    ASSERT_EQ(items.size(), 3);
+    EXPECT_EQ(items[0][QStringLiteral("value")][QStringLiteral("int32")].toInt(), 2);
+    EXPECT_EQ(items[1][QStringLiteral("value")][QStringLiteral("string")].toString(), QStringLiteral("AB"));
+    const QJsonArray nested = items[2][QStringLiteral("value")][QStringLiteral("record")].toArray();
+    ASSERT_EQ(nested.size(), 1);
+    EXPECT_EQ(nested[0][QStringLiteral("value")][QStringLiteral("int32")].toInt(), 1);
+}
+
+TEST(Tool, RawPropertyDissectionRejectsABlockLargerThanTheInput)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "property", "--hex"}), "00000000 7fffffff 00");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.json()[QStringLiteral("offset")].toInt(), 0);
+}
+
+TEST(Tool, UsageErrors)
+{
+    EXPECT_EQ(runTool(args({"inspect"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--order-type", "4999"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--record", "NoSuchRecord"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "neither"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--order-type", "5001", "--record", "ElementOverview"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"bogus"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--order-type", "5001", "/no/such/file"})).exitCode, 2);
+}
+
+TEST(Tool, HelpAndVersion)
+{
+    EXPECT_EQ(runTool(args({"--help"})).exitCode, 0);
+    const ToolRun inspectHelp = runTool(args({"inspect", "--help"}));
+    EXPECT_EQ(inspectHelp.exitCode, 0);
+    EXPECT_TRUE(inspectHelp.out.contains("--order-type"));
+    EXPECT_TRUE(inspectHelp.out.contains("ElementOverview"));
+    EXPECT_EQ(runTool(args({"demo", "--help"})).exitCode, 0);
+    EXPECT_TRUE(runTool(args({"--version"})).out.startsWith("sigdbref "));
+}
+
+TEST(Tool, NotHexFails)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--hex"}), "00 0g");
+    EXPECT_EQ(run.exitCode, 1);
+}
+
+TEST(Tool, DemoRunsEveryStep)
+{
+    const ToolRun run = runTool(args({"demo"}));
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains("order 1")) << run.out.toStdString();
+}
