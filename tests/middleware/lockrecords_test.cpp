@@ -3,6 +3,7 @@
 #include "middleware/lockrecords.h"
 #include "middleware/namevaluerecords.h"
 
+#include "recordtesting.h"
 #include "testsupport.h"
 
 #include <gtest/gtest.h>
@@ -11,27 +12,10 @@
 
 namespace {
 
+using mwtest::decodeError;
+using mwtest::encode;
 using sigdbtest::bytes;
 using sigdbtest::hex;
-
-template <typename Record>
-QByteArray encode(const Record &record)
-{
-    QByteArray out;
-    record.serialize(out);
-    return out;
-}
-
-template <typename Record>
-std::string decodeError(const QByteArray &stream, Record &record)
-{
-    try {
-        Record::deserialize(stream, record);
-    } catch (const QString &message) {
-        return message.toStdString();
-    }
-    return std::string();
-}
 
 TEST(LockedElementData, WithoutIdentitiesIsNineBlocks)
 {

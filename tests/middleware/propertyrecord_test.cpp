@@ -5,6 +5,7 @@
 #include "middleware/namevaluerecords.h"
 #include "middleware/versionrecords.h"
 
+#include "recordtesting.h"
 #include "testsupport.h"
 
 #include <gtest/gtest.h>
@@ -14,27 +15,10 @@
 
 namespace {
 
+using mwtest::decodeError;
+using mwtest::encode;
 using sigdbtest::bytes;
 using sigdbtest::hex;
-
-template <typename Record>
-QByteArray encode(const Record &record)
-{
-    QByteArray out;
-    record.serialize(out);
-    return out;
-}
-
-template <typename Record>
-std::string decodeError(const QByteArray &stream, Record &record)
-{
-    try {
-        Record::deserialize(stream, record);
-    } catch (const QString &message) {
-        return message.toStdString();
-    }
-    return std::string();
-}
 
 sigdb::InterfaceVersion interfaceVersion(int major, int minor)
 {

@@ -109,53 +109,53 @@ struct Sample<sigdb::VersionInfo>
     }
 };
 
-// Every ...Vector with nothing but its entries: StoreType 0 and an empty vector (count 0).
-inline QByteArray emptyVectorBytes()
-{
-    return bytes("00000000 00000004 00000000"
-                 "00000001 00000004 00000000");
-}
-
-template <>
-struct Sample<sigdb::ProductVersionVector>
+// Every ...Vector has StoreType and its entries, and a default one is StoreType 0 and an empty
+// vector (count 0). Its populated sample holds the element's populated sample and \a second.
+struct EntryVectorSample
 {
     static constexpr const char *names = "StoreType Vector";
     static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
+    static QByteArray defaultBytes()
+    {
+        return bytes("00000000 00000004 00000000"
+                     "00000001 00000004 00000000");
+    }
+};
+
+template <typename VectorRecord, typename Element>
+VectorRecord entriesOf(int layer, const Element &second)
+{
+    VectorRecord vector;
+    vector.setLayer(layer);
+    vector.setVector({Sample<Element>::populated(), second});
+    return vector;
+}
+
+template <>
+struct Sample<sigdb::ProductVersionVector> : EntryVectorSample
+{
     static sigdb::ProductVersionVector populated()
     {
         sigdb::ProductVersion client;
         client.setOrigin("client");
         client.setMajor(1);
-        sigdb::ProductVersionVector vector;
-        vector.setLayer(2);
-        vector.setVector({Sample<sigdb::ProductVersion>::populated(), client});
-        return vector;
+        return entriesOf<sigdb::ProductVersionVector>(2, client);
     }
 };
 
 template <>
-struct Sample<sigdb::InterfaceVersionVector>
+struct Sample<sigdb::InterfaceVersionVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::InterfaceVersionVector populated()
     {
-        sigdb::InterfaceVersionVector vector;
-        vector.setLayer(1);
-        vector.setVector({Sample<sigdb::InterfaceVersion>::populated(),
-                          Sample<sigdb::InterfaceVersion>::make(2, 0)});
-        return vector;
+        return entriesOf<sigdb::InterfaceVersionVector>(1, Sample<sigdb::InterfaceVersion>::make(2, 0));
     }
 };
 
 template <>
-struct Sample<sigdb::VersionInfoVector>
+struct Sample<sigdb::VersionInfoVector> : EntryVectorSample
 {
     static constexpr const char *names = "StoreType VersionInfoVector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::VersionInfoVector populated()
     {
         sigdb::VersionInfo other;
@@ -215,36 +215,24 @@ struct Sample<sigdb::DbMaintenanceAnswer>
 };
 
 template <>
-struct Sample<sigdb::DbMaintenanceRequestVector>
+struct Sample<sigdb::DbMaintenanceRequestVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::DbMaintenanceRequestVector populated()
     {
         sigdb::DbMaintenanceRequest check;
         check.setAction(sigdb::DbMaintenanceAction_Check);
-        sigdb::DbMaintenanceRequestVector vector;
-        vector.setLayer(1);
-        vector.setVector({Sample<sigdb::DbMaintenanceRequest>::populated(), check});
-        return vector;
+        return entriesOf<sigdb::DbMaintenanceRequestVector>(1, check);
     }
 };
 
 template <>
-struct Sample<sigdb::DbMaintenanceAnswerVector>
+struct Sample<sigdb::DbMaintenanceAnswerVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::DbMaintenanceAnswerVector populated()
     {
         sigdb::DbMaintenanceAnswer success;
         success.setResult(sigdb::DbMaintenanceResult_Success);
-        sigdb::DbMaintenanceAnswerVector vector;
-        vector.setLayer(2);
-        vector.setVector({Sample<sigdb::DbMaintenanceAnswer>::populated(), success});
-        return vector;
+        return entriesOf<sigdb::DbMaintenanceAnswerVector>(2, success);
     }
 };
 
@@ -379,103 +367,67 @@ struct Sample<sigdb::CallbackMessage>
 };
 
 template <>
-struct Sample<sigdb::MessageVector>
+struct Sample<sigdb::MessageVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::MessageVector populated()
     {
         sigdb::Message ping;
         ping.setMessage(sigdb::MessageType_Ping);
-        sigdb::MessageVector vector;
-        vector.setLayer(1);
-        vector.setVector({Sample<sigdb::Message>::populated(), ping});
-        return vector;
+        return entriesOf<sigdb::MessageVector>(1, ping);
     }
 };
 
 template <>
-struct Sample<sigdb::MInfoAnswerVector>
+struct Sample<sigdb::MInfoAnswerVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::MInfoAnswerVector populated()
     {
-        sigdb::MInfoAnswerVector vector;
-        vector.setLayer(2);
-        vector.setVector({Sample<sigdb::MInfoAnswer>::populated(), sigdb::MInfoAnswer()});
-        return vector;
+        return entriesOf<sigdb::MInfoAnswerVector>(2, sigdb::MInfoAnswer());
     }
 };
 
 template <>
-struct Sample<sigdb::MInfoClientLoginVector>
+struct Sample<sigdb::MInfoClientLoginVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::MInfoClientLoginVector populated()
     {
         sigdb::MInfoClientLogin anonymous;
         anonymous.setClientType(sigdb::ClientConnectionType_Interactive);
-        sigdb::MInfoClientLoginVector vector;
-        vector.setLayer(1);
-        vector.setVector({Sample<sigdb::MInfoClientLogin>::populated(), anonymous});
-        return vector;
+        return entriesOf<sigdb::MInfoClientLoginVector>(1, anonymous);
     }
 };
 
 template <>
-struct Sample<sigdb::MInfoMessageVector>
+struct Sample<sigdb::MInfoMessageVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::MInfoMessageVector populated()
     {
         sigdb::MInfoMessage error;
         error.setMessageType(sigdb::MIMessageType_Error);
-        sigdb::MInfoMessageVector vector;
-        vector.setLayer(2);
-        vector.setVector({Sample<sigdb::MInfoMessage>::populated(), error});
-        return vector;
+        return entriesOf<sigdb::MInfoMessageVector>(2, error);
     }
 };
 
 template <>
-struct Sample<sigdb::MInfoWarningLevelVector>
+struct Sample<sigdb::MInfoWarningLevelVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::MInfoWarningLevelVector populated()
     {
         sigdb::MInfoWarningLevel clientOnly;
         clientOnly.setWarningLevelClient(1);
-        sigdb::MInfoWarningLevelVector vector;
-        vector.setLayer(1);
-        vector.setVector({Sample<sigdb::MInfoWarningLevel>::populated(), clientOnly});
-        return vector;
+        return entriesOf<sigdb::MInfoWarningLevelVector>(1, clientOnly);
     }
 };
 
 template <>
-struct Sample<sigdb::CallbackMessageVector>
+struct Sample<sigdb::CallbackMessageVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::CallbackMessageVector populated()
     {
         sigdb::CallbackMessage error;
         error.setmessageType(sigdb::CallbackMessageType_Error);
         error.setintValue(5);
-        sigdb::CallbackMessageVector vector;
-        vector.setLayer(2);
-        vector.setVector({Sample<sigdb::CallbackMessage>::populated(), error});
-        return vector;
+        return entriesOf<sigdb::CallbackMessageVector>(2, error);
     }
 };
 
@@ -594,35 +546,22 @@ struct Sample<sigdb::NameValueDataForElement>
 };
 
 template <>
-struct Sample<sigdb::NameValuePairVector>
+struct Sample<sigdb::NameValuePairVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::NameValuePairVector populated()
     {
-        sigdb::NameValuePairVector vector;
-        vector.setLayer(1);
-        vector.setVector({Sample<sigdb::NameValuePair>::populated(),
-                          Sample<sigdb::NameValuePair>::make("", "")});
-        return vector;
+        return entriesOf<sigdb::NameValuePairVector>(1, Sample<sigdb::NameValuePair>::make("", ""));
     }
 };
 
 template <>
-struct Sample<sigdb::NameValueDataForElementVector>
+struct Sample<sigdb::NameValueDataForElementVector> : EntryVectorSample
 {
-    static constexpr const char *names = "StoreType Vector";
-    static constexpr const char *kinds = "RO";
-    static QByteArray defaultBytes() { return emptyVectorBytes(); }
     static sigdb::NameValueDataForElementVector populated()
     {
         sigdb::NameValueDataForElement empty;
         empty.setElementType(7);
-        sigdb::NameValueDataForElementVector vector;
-        vector.setLayer(2);
-        vector.setVector({Sample<sigdb::NameValueDataForElement>::populated(), empty});
-        return vector;
+        return entriesOf<sigdb::NameValueDataForElementVector>(2, empty);
     }
 };
 

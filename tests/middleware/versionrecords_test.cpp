@@ -1,6 +1,7 @@
 // Version and maintenance records: their own cases, with streams written by hand.
 
 #include "recordsamples.h"
+#include "recordtesting.h"
 
 #include <gtest/gtest.h>
 
@@ -9,27 +10,10 @@
 namespace {
 
 using mwtest::Sample;
+using mwtest::decodeError;
+using mwtest::encode;
 using sigdbtest::bytes;
 using sigdbtest::hex;
-
-template <typename Record>
-QByteArray encode(const Record &record)
-{
-    QByteArray out;
-    record.serialize(out);
-    return out;
-}
-
-template <typename Record>
-std::string decodeError(const QByteArray &stream, Record &record)
-{
-    try {
-        Record::deserialize(stream, record);
-    } catch (const QString &message) {
-        return message.toStdString();
-    }
-    return std::string();
-}
 
 TEST(VersionInfo, StreamEndingAfterTheInterfaceVersionKeepsTheRest)
 {

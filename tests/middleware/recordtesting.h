@@ -1,19 +1,43 @@
-#ifndef SIGDB_TESTS_MIDDLEWARE_RECORDBLOCKS_H
-#define SIGDB_TESTS_MIDDLEWARE_RECORDBLOCKS_H
+#ifndef SIGDB_TESTS_MIDDLEWARE_RECORDTESTING_H
+#define SIGDB_TESTS_MIDDLEWARE_RECORDTESTING_H
 
-// Test-side view of a record stream as its property blocks, parsed independently of the
+// Helpers of the middleware record tests: encoding and decoding with the error text, and a
+// test-side view of a record stream as its property blocks, parsed independently of the
 // library's reader: 8-byte header (qint32 index, qint32 size), then size value bytes.
 
 #include <QByteArray>
+#include <QString>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace mwtest {
+
+/// The stream of \a record.
+template <typename Record>
+QByteArray encode(const Record &record)
+{
+    QByteArray out;
+    record.serialize(out);
+    return out;
+}
+
+/// Decodes \a stream into \a record and returns the text thrown, or "" when none was.
+template <typename Record>
+std::string decodeError(const QByteArray &stream, Record &record)
+{
+    try {
+        Record::deserialize(stream, record);
+    } catch (const QString &message) {
+        return message.toStdString();
+    }
+    return std::string();
+}
 
 /// One property block, header included.
 struct Block
