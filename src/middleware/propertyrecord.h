@@ -97,24 +97,13 @@ public:
     /// Equal store types and equal properties (NULL values compare as column values do).
     bool equals(const Record &other) const;
 
+    /// Records of one class are equal when their store types and all properties are.
+    friend bool operator==(const Record &a, const Record &b) { return a.equals(b); }
+    friend bool operator!=(const Record &a, const Record &b) { return !a.equals(b); }
+
 protected:
     PropertyRecord() = default;
 };
-
-/// Records of one class compare equal when all their properties (and store types) are equal.
-template <typename Record>
-std::enable_if_t<std::is_base_of<PropertyRecord<Record>, Record>::value, bool>
-operator==(const Record &a, const Record &b)
-{
-    return a.equals(b);
-}
-
-template <typename Record>
-std::enable_if_t<std::is_base_of<PropertyRecord<Record>, Record>::value, bool>
-operator!=(const Record &a, const Record &b)
-{
-    return !a.equals(b);
-}
 
 } // namespace sigdb
 

@@ -186,8 +186,47 @@ bool visitProperties(Visit &&visit)
     }
 }
 
+/// The number of rows, properties 1 .. n.
+template <typename Record, int Index = 1>
+constexpr int propertyRows()
+{
+    if constexpr (HasPropertyAt<Record, Index>::value)
+        return propertyRows<Record, Index + 1>();
+    else
+        return Index - 1;
+}
+
+/// Whether any row has an index in From .. To.
+template <typename Record, int From, int To>
+constexpr bool hasRowsIn()
+{
+    if constexpr (From > To)
+        return false;
+    else
+        return HasPropertyAt<Record, From>::value || hasRowsIn<Record, From + 1, To>();
+}
+
 template <typename Field>
 using FieldValue = typename Field::ValueType;
+
+/// Writes every property block of \a record; NULL nullable values are left out.
+template <typename Record>
+void writeProperties(QByteArray &bytes, const Record &record)
+{
+    // The rows are found by counting up from 1; a gap would hide every row behind it.
+    constexpr int rows = propertyRows<Record>();
+    static_assert(!hasRowsIn<Record, rows + 2, rows + 16>(),
+                  "property indexes must follow each other without a gap");
+    PropertyWriter writer(bytes);
+    writer.writeBlock(0, [&] { writer.writeInt32(record.layer()); });
+    visitProperties<Record>([&](auto field) {
+        using Value = FieldValue<decltype(field)>;
+        const Value &value = record.*field.member;
+        if (isWritten(value))
+            writer.writeBlock(field.index, [&] { PropertyCodec<Value>::write(writer, value); });
+        return true;
+    });
+}
 
 /// Reads every property of \a record from \a bytes; returns the index of a missing required
 /// property, or -1 when none was missing.
@@ -213,21 +252,6 @@ int readProperties(const QByteArray &bytes, Record &record)
         return read;
     });
     return missing;
-}
-
-/// Writes every property block of \a record; NULL nullable values are left out.
-template <typename Record>
-void writeProperties(QByteArray &bytes, const Record &record)
-{
-    PropertyWriter writer(bytes);
-    writer.writeBlock(0, [&] { writer.writeInt32(record.layer()); });
-    visitProperties<Record>([&](auto field) {
-        using Value = FieldValue<decltype(field)>;
-        const Value &value = record.*field.member;
-        if (isWritten(value))
-            writer.writeBlock(field.index, [&] { PropertyCodec<Value>::write(writer, value); });
-        return true;
-    });
 }
 
 } // namespace propertyrecord
