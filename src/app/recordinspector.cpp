@@ -1,5 +1,7 @@
 #include "recordinspector.h"
 
+#include "middlewarejson.h"
+#include "rawdissector.h"
 #include "recordjson.h"
 
 #include "auxiliary/plotentry.h"
@@ -10,6 +12,11 @@
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
+#include "middleware/inforecords.h"
+#include "middleware/lockrecords.h"
+#include "middleware/maintenancerecords.h"
+#include "middleware/namevaluerecords.h"
+#include "middleware/versionrecords.h"
 #include "query/queryrequest.h"
 #include "io/columnstream.h"
 
@@ -57,6 +64,62 @@ RecordInspector columnRecord(const char *name, Direction direction, std::vector<
                            }};
 }
 
+// Decodes a middleware record. Its decoder throws a text without a position, so the position
+// is found by decoding the stream cut after each top-level block: the block whose inclusion
+// makes the decoding fail is where it failed.
+template <typename Record>
+DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
+{
+    DecodeResult result;
+    Record record;
+    try {
+        Record::deserialize(data, record);
+        result.ok = true;
+    } catch (const QString &error) {
+        result.error = QStringLiteral("%1 did not decode: %2").arg(name, error);
+    }
+    result.value = middlewareToJson(record);
+    if (result.ok) {
+        // The library takes a stream that ends inside a block (what was read stays); for
+        // someone looking at captured bytes that is a cut capture and worth failing on.
+        const Dissection blocks = dissectPropertyBlocks(data);
+        if (!blocks.complete) {
+            result.ok = false;
+            result.offset = blocks.errorOffset;
+            result.error = QStringLiteral("%1 is cut short: the stream ends inside the block at byte offset %2")
+                               .arg(name)
+                               .arg(blocks.errorOffset);
+        }
+        return result;
+    }
+
+    result.offset = 0;
+    const Dissection blocks = dissectPropertyBlocks(data);
+    for (const QJsonValue &block : blocks.items) {
+        const qint64 start = block[QStringLiteral("offset")].toVariant().toLongLong();
+        const qint64 end = start + 8 + block[QStringLiteral("size")].toVariant().toLongLong();
+        Record probe;
+        try {
+            Record::deserialize(data.left(static_cast<int>(end)), probe);
+        } catch (const QString &) {
+            result.offset = start;
+            break;
+        }
+        result.offset = end;
+    }
+    result.error += QStringLiteral(" (in the block at byte offset %1)").arg(result.offset);
+    return result;
+}
+
+template <typename Record>
+RecordInspector middlewareRecord()
+{
+    const QString recordName = QString::fromLatin1(Record::ClassName);
+    return RecordInspector{recordName, Direction::Middleware, {}, [recordName](const QByteArray &data) {
+                               return decodeMiddlewareRecord<Record>(data, recordName);
+                           }};
+}
+
 std::vector<RecordInspector> buildInspectors()
 {
     return {
@@ -84,6 +147,35 @@ std::vector<RecordInspector> buildInspectors()
         columnRecord<LinkChangeDefinition>("LinkChangeDefinition", Direction::Answer,
                                            {OrderType_ChangeLink}),
         columnRecord<PlotEntryList>("PlotEntryList", Direction::Answer, {OrderType_ChangePlotEntry}),
+
+        middlewareRecord<ProductVersion>(),
+        middlewareRecord<InterfaceVersion>(),
+        middlewareRecord<VersionInfo>(),
+        middlewareRecord<ProductVersionVector>(),
+        middlewareRecord<InterfaceVersionVector>(),
+        middlewareRecord<VersionInfoVector>(),
+        middlewareRecord<DbMaintenanceRequest>(),
+        middlewareRecord<DbMaintenanceAnswer>(),
+        middlewareRecord<DbMaintenanceRequestVector>(),
+        middlewareRecord<DbMaintenanceAnswerVector>(),
+        middlewareRecord<Message>(),
+        middlewareRecord<MInfoAnswer>(),
+        middlewareRecord<MInfoClientLogin>(),
+        middlewareRecord<MInfoMessage>(),
+        middlewareRecord<MInfoWarningLevel>(),
+        middlewareRecord<CallbackMessage>(),
+        middlewareRecord<MessageVector>(),
+        middlewareRecord<MInfoAnswerVector>(),
+        middlewareRecord<MInfoClientLoginVector>(),
+        middlewareRecord<MInfoMessageVector>(),
+        middlewareRecord<MInfoWarningLevelVector>(),
+        middlewareRecord<CallbackMessageVector>(),
+        middlewareRecord<LockedElementData>(),
+        middlewareRecord<LockedElementDataVector>(),
+        middlewareRecord<NameValuePair>(),
+        middlewareRecord<NameValueDataForElement>(),
+        middlewareRecord<NameValuePairVector>(),
+        middlewareRecord<NameValueDataForElementVector>(),
     };
 }
 

@@ -6,6 +6,11 @@
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
+#include "middleware/inforecords.h"
+#include "middleware/lockrecords.h"
+#include "middleware/maintenancerecords.h"
+#include "middleware/namevaluerecords.h"
+#include "middleware/versionrecords.h"
 #include "query/queryrequest.h"
 
 #include "testsupport.h"
@@ -320,4 +325,96 @@ TEST(Tool, DemoRunsEveryStep)
     const ToolRun run = runTool(args({"demo"}));
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.contains("order 1")) << run.out.toStdString();
+}
+
+namespace {
+
+template <typename Record>
+void expectMiddlewareRecordReadsBack(const char *name)
+{
+    Record record;
+    record.setStoreType(base::StoreType_Transient);
+    const ToolRun run = runTool(args({"inspect", "--record", name}), encoded(record));
+    ASSERT_EQ(run.exitCode, 0) << name << ": " << run.err.toStdString();
+    const QJsonObject json = run.json();
+    EXPECT_EQ(json[QStringLiteral("direction")].toString(), QStringLiteral("middleware"));
+    const QJsonObject value = json[QStringLiteral("value")].toObject();
+    EXPECT_EQ(value[QStringLiteral("StoreType")].toInt(), 2) << name;
+    EXPECT_EQ(QStringList(value.keys()).size(), Record::propertyNames().size()) << name;
+    for (const QString &property : Record::propertyNames())
+        EXPECT_TRUE(value.contains(property)) << name << " lacks " << property.toStdString();
+}
+
+} // namespace
+
+TEST(ToolMiddleware, EveryRecordReadsBack)
+{
+    expectMiddlewareRecordReadsBack<sigdb::ProductVersion>("ProductVersion");
+    expectMiddlewareRecordReadsBack<sigdb::InterfaceVersion>("InterfaceVersion");
+    expectMiddlewareRecordReadsBack<sigdb::VersionInfo>("VersionInfo");
+    expectMiddlewareRecordReadsBack<sigdb::ProductVersionVector>("ProductVersionVector");
+    expectMiddlewareRecordReadsBack<sigdb::InterfaceVersionVector>("InterfaceVersionVector");
+    expectMiddlewareRecordReadsBack<sigdb::VersionInfoVector>("VersionInfoVector");
+    expectMiddlewareRecordReadsBack<sigdb::DbMaintenanceRequest>("DbMaintenanceRequest");
+    expectMiddlewareRecordReadsBack<sigdb::DbMaintenanceAnswer>("DbMaintenanceAnswer");
+    expectMiddlewareRecordReadsBack<sigdb::DbMaintenanceRequestVector>("DbMaintenanceRequestVector");
+    expectMiddlewareRecordReadsBack<sigdb::DbMaintenanceAnswerVector>("DbMaintenanceAnswerVector");
+    expectMiddlewareRecordReadsBack<sigdb::Message>("Message");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoAnswer>("MInfoAnswer");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoClientLogin>("MInfoClientLogin");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoMessage>("MInfoMessage");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoWarningLevel>("MInfoWarningLevel");
+    expectMiddlewareRecordReadsBack<sigdb::CallbackMessage>("CallbackMessage");
+    expectMiddlewareRecordReadsBack<sigdb::MessageVector>("MessageVector");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoAnswerVector>("MInfoAnswerVector");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoClientLoginVector>("MInfoClientLoginVector");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoMessageVector>("MInfoMessageVector");
+    expectMiddlewareRecordReadsBack<sigdb::MInfoWarningLevelVector>("MInfoWarningLevelVector");
+    expectMiddlewareRecordReadsBack<sigdb::CallbackMessageVector>("CallbackMessageVector");
+    expectMiddlewareRecordReadsBack<sigdb::LockedElementData>("LockedElementData");
+    expectMiddlewareRecordReadsBack<sigdb::LockedElementDataVector>("LockedElementDataVector");
+    expectMiddlewareRecordReadsBack<sigdb::NameValuePair>("NameValuePair");
+    expectMiddlewareRecordReadsBack<sigdb::NameValueDataForElement>("NameValueDataForElement");
+    expectMiddlewareRecordReadsBack<sigdb::NameValuePairVector>("NameValuePairVector");
+    expectMiddlewareRecordReadsBack<sigdb::NameValueDataForElementVector>("NameValueDataForElementVector");
+}
+
+TEST(ToolMiddleware, NestedRecordsAndValues)
+{
+    sigdb::VersionInfo info;
+    info.getProductVersion().setOrigin("server");
+    info.getProductVersion().setMajor(4);
+    info.getRequiredInterfaceVersion().setMinor(2);
+    sigdb::VersionInfoVector versions;
+    versions.setVersionInfoVector({info, info});
+    const ToolRun run = runTool(args({"inspect", "--record", "VersionInfoVector"}), encoded(versions));
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonArray entries = run.json()[QStringLiteral("value")].toObject()[QStringLiteral("VersionInfoVector")].toArray();
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries[1][QStringLiteral("ProductVersion")][QStringLiteral("Origin")].toString(), QStringLiteral("server"));
+    EXPECT_EQ(entries[1][QStringLiteral("ProductVersion")][QStringLiteral("Major")].toInt(), 4);
+    EXPECT_EQ(entries[0][QStringLiteral("RequiredInterfaceVersion")][QStringLiteral("Minor")].toInt(), 2);
+}
+
+TEST(ToolMiddleware, MissingPropertyNamesItAndTheBlock)
+{
+    // InterfaceVersion with StoreType and Minor but no Major.
+    const ToolRun run = runTool(args({"inspect", "--record", "InterfaceVersion", "--hex"}),
+                                "00000000 00000004 00000000  00000002 00000004 00000007");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.err.contains("Missing property 'Major'")) << run.err.toStdString();
+    EXPECT_EQ(run.json()[QStringLiteral("offset")].toInt(), 12);
+    EXPECT_EQ(run.json()[QStringLiteral("decoded")].toObject()[QStringLiteral("StoreType")].toInt(), 0);
+}
+
+TEST(ToolMiddleware, CutCaptureFails)
+{
+    sigdb::NameValuePair pair;
+    pair.setName("key");
+    pair.setValue("value");
+    const QByteArray bytes = encoded(pair);
+    const ToolRun run = runTool(args({"inspect", "--record", "NameValuePair"}), bytes.left(bytes.size() - 2));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.err.contains("cut short")) << run.err.toStdString();
+    EXPECT_EQ(run.json()[QStringLiteral("decoded")].toObject()[QStringLiteral("Name")].toString(), QStringLiteral("key"));
 }

@@ -1,0 +1,78 @@
+#ifndef SIGDB_APP_MIDDLEWAREJSON_H
+#define SIGDB_APP_MIDDLEWAREJSON_H
+
+#include "recordjson.h"
+
+#include "middleware/propertyrecord.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace sigdbtool {
+
+// JSON forms of the middleware records, walked from their property tables: every property
+// under its own name, nested records as objects, vectors as arrays.
+
+template <typename T>
+using IsMiddlewareRecord = std::is_base_of<sigdb::PropertyRecord<T>, T>;
+
+template <typename Record, int Index, typename = void>
+struct HasProperty : std::false_type
+{
+};
+template <typename Record, int Index>
+struct HasProperty<Record, Index,
+                   std::void_t<decltype(Record::propertyAt(std::integral_constant<int, Index>{}))>>
+    : std::true_type
+{
+};
+
+template <typename Record>
+QJsonObject middlewareToJson(const Record &record);
+
+template <typename T>
+QJsonValue propertyValueToJson(const T &value)
+{
+    if constexpr (IsMiddlewareRecord<T>::value) {
+        return middlewareToJson(value);
+    } else if constexpr (std::is_enum<T>::value) {
+        return toJson(static_cast<int>(value));
+    } else {
+        return toJson(value);
+    }
+}
+
+template <typename T>
+QJsonValue propertyValueToJson(const std::vector<T> &values)
+{
+    QJsonArray array;
+    for (const T &value : values)
+        array.append(propertyValueToJson(value));
+    return array;
+}
+
+template <typename Record, int Index>
+void insertProperties(const Record &record, QJsonObject &out)
+{
+    if constexpr (HasProperty<Record, Index>::value) {
+        const auto field = Record::propertyAt(std::integral_constant<int, Index>{});
+        out.insert(QString::fromLatin1(field.name), propertyValueToJson(record.*(field.member)));
+        insertProperties<Record, Index + 1>(record, out);
+    }
+}
+
+template <typename Record>
+QJsonObject middlewareToJson(const Record &record)
+{
+    QJsonObject object{{QStringLiteral("StoreType"), record.layer()}};
+    insertProperties<Record, 1>(record, object);
+    return object;
+}
+
+} // namespace sigdbtool
+
+#endif
