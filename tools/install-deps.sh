@@ -7,6 +7,7 @@ packages=(
     qtbase5-dev
     googletest libgtest-dev libgmock-dev
     libbenchmark-dev
+    clang-14 libclang-rt-14-dev
 )
 
 missing=()

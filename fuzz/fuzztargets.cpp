@@ -1,0 +1,216 @@
+#include "fuzztargets.h"
+
+#include "auxiliary/plotentry.h"
+#include "client/refcallback.h"
+#include "client/sigdbelementwithmaxcount.h"
+#include "core/elementlist.h"
+#include "element/elementoverview.h"
+#include "element/elementoverviewlist.h"
+#include "io/columnstream.h"
+#include "link/linkchangedefinition.h"
+#include "middleware/inforecords.h"
+#include "middleware/lockrecords.h"
+#include "middleware/maintenancerecords.h"
+#include "middleware/namevaluerecords.h"
+#include "middleware/versionrecords.h"
+#include "query/queryrequest.h"
+
+namespace sigdbfuzz {
+
+namespace {
+
+using namespace sigdb;
+
+template <typename Record>
+QByteArray encoded(const Record &record)
+{
+    QByteArray out;
+    record.serialize(out);
+    return out;
+}
+
+ElementOverview sampleOverview()
+{
+    ElementOverview overview;
+    overview.element.setType(1);
+    overview.element.setTID(4711);
+    overview.element.setExchgId(std::string("UNI-4711"));
+    overview.keyText1 = std::string("ALPHA");
+    overview.modificationState = Modification_ChangedInMdl;
+    overview.networkTypeWord = 2;
+    SigdbElement linked;
+    linked.setType(2);
+    linked.setTID(12);
+    overview.uniqueLinks.appendEntry(linked);
+    LocationEntry location;
+    location.latitude = 52.5;
+    location.validFrom = std::string("2026-01-01 00:00:00");
+    overview.locationList.appendEntry(location);
+    return overview;
+}
+
+ElementOverviewList sampleList()
+{
+    ElementOverviewList list;
+    list.setParentDefinition(sampleOverview().element);
+    list.appendResult(sampleOverview(), false);
+    ElementOverviewList sub;
+    sub.appendResult(sampleOverview(), false);
+    sub.appendResultList(ElementOverviewList());
+    list.appendResultList(sub);
+    return list;
+}
+
+LinkChangeDefinition sampleLinkChange()
+{
+    LinkChangeDefinition change;
+    change.link1().setActionType(10);
+    change.link1().fromElement().setType(1);
+    change.link1().fromElement().setTID(1);
+    change.link1().toElement().setType(2);
+    change.link1().toElement().setTID(2);
+    change.link2().setOrderNumber(3);
+    change.setModificationUser(std::string("user"));
+    return change;
+}
+
+PlotEntryList samplePlots()
+{
+    PlotEntryList plots;
+    PlotEntry entry;
+    entry.firstId = 1ULL;
+    entry.text = std::string("track");
+    plots.appendEntry(entry);
+    plots.appendEntry(PlotEntry());
+    return plots;
+}
+
+QueryRequestList sampleQueries()
+{
+    QueryRequest query;
+    query.element().setType(1);
+    query.name() = std::string("AL*");
+    query.frequencyMin() = 30.0e6;
+    query.elementType() = 1;
+    QueryRequestList queries;
+    queries.appendEntry(query);
+    return queries;
+}
+
+// Decodes a column-stream record as the dispatch does; the result is thrown away.
+template <typename Record>
+void decodeColumnRecord(const QByteArray &data)
+{
+    Record record;
+    record.setIDs(0);
+    ColumnReader reader(data);
+    record.readFrom(reader);
+}
+
+template <typename Record>
+Target columnTarget(const char *name, std::function<std::vector<QByteArray>()> samples)
+{
+    return Target{QString::fromLatin1(name), &decodeColumnRecord<Record>, std::move(samples)};
+}
+
+template <typename Record>
+void decodeMiddlewareRecord(const QByteArray &data)
+{
+    Record record;
+    try {
+        Record::deserialize(data, record);
+    } catch (const QString &) {
+        // A rejected stream is an expected outcome.
+    }
+}
+
+template <typename Record>
+Target middlewareTarget()
+{
+    return Target{QString::fromLatin1(Record::ClassName), &decodeMiddlewareRecord<Record>, [] {
+                      Record record;
+                      Record transient;
+                      transient.setStoreType(base::StoreType_Transient);
+                      return std::vector<QByteArray>{encoded(record), encoded(transient)};
+                  }};
+}
+
+class SilentCallback : public RefCallback
+{
+};
+
+} // namespace
+
+const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> &answerSamples()
+{
+    static const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> samples = {
+        {5001, [] { return std::vector<QByteArray>{encoded(sampleOverview()), encoded(ElementOverview())}; }},
+        {5002, [] { return std::vector<QByteArray>{encoded(sampleList()), encoded(ElementOverviewList())}; }},
+        {5004, [] { return std::vector<QByteArray>{}; }},
+        {5005, [] { return std::vector<QByteArray>{encoded(sampleOverview())}; }},
+        {5006, [] { return std::vector<QByteArray>{encoded(sampleOverview())}; }},
+        {5009, [] { return std::vector<QByteArray>{encoded(sampleLinkChange())}; }},
+        {5011, [] { return std::vector<QByteArray>{encoded(samplePlots()), encoded(PlotEntryList())}; }},
+        {5012, [] { return std::vector<QByteArray>{encoded(sampleList())}; }},
+    };
+    return samples;
+}
+
+void dispatchAnswer(int orderType, const QByteArray &data)
+{
+    SilentCallback callback;
+    callback.deliverRawData(orderType, data);
+}
+
+const std::vector<Target> &middlewareTargets()
+{
+    static const std::vector<Target> targets = {
+        middlewareTarget<ProductVersion>(),
+        middlewareTarget<InterfaceVersion>(),
+        middlewareTarget<VersionInfo>(),
+        middlewareTarget<ProductVersionVector>(),
+        middlewareTarget<InterfaceVersionVector>(),
+        middlewareTarget<VersionInfoVector>(),
+        middlewareTarget<DbMaintenanceRequest>(),
+        middlewareTarget<DbMaintenanceAnswer>(),
+        middlewareTarget<DbMaintenanceRequestVector>(),
+        middlewareTarget<DbMaintenanceAnswerVector>(),
+        middlewareTarget<Message>(),
+        middlewareTarget<MInfoAnswer>(),
+        middlewareTarget<MInfoClientLogin>(),
+        middlewareTarget<MInfoMessage>(),
+        middlewareTarget<MInfoWarningLevel>(),
+        middlewareTarget<CallbackMessage>(),
+        middlewareTarget<MessageVector>(),
+        middlewareTarget<MInfoAnswerVector>(),
+        middlewareTarget<MInfoClientLoginVector>(),
+        middlewareTarget<MInfoMessageVector>(),
+        middlewareTarget<MInfoWarningLevelVector>(),
+        middlewareTarget<CallbackMessageVector>(),
+        middlewareTarget<LockedElementData>(),
+        middlewareTarget<LockedElementDataVector>(),
+        middlewareTarget<NameValuePair>(),
+        middlewareTarget<NameValueDataForElement>(),
+        middlewareTarget<NameValuePairVector>(),
+        middlewareTarget<NameValueDataForElementVector>(),
+    };
+    return targets;
+}
+
+const std::vector<Target> &requestTargets()
+{
+    static const std::vector<Target> targets = {
+        columnTarget<SigdbElement>("SigdbElement", [] { return std::vector<QByteArray>{encoded(sampleOverview().element)}; }),
+        columnTarget<SigdbElementWithMaxCount>("SigdbElementWithMaxCount", [] {
+            return std::vector<QByteArray>{encoded(SigdbElementWithMaxCount(sampleOverview().element))};
+        }),
+        columnTarget<ElementList>("ElementList", [] { return std::vector<QByteArray>{encoded(sampleOverview().uniqueLinks)}; }),
+        columnTarget<QueryRequestList>("QueryRequestList", [] { return std::vector<QByteArray>{encoded(sampleQueries())}; }),
+        columnTarget<ElementOverviewList>("ElementOverviewList", [] { return std::vector<QByteArray>{encoded(sampleList())}; }),
+        columnTarget<LinkChangeDefinition>("LinkChangeDefinition", [] { return std::vector<QByteArray>{encoded(sampleLinkChange())}; }),
+        columnTarget<PlotEntryList>("PlotEntryList", [] { return std::vector<QByteArray>{encoded(samplePlots())}; }),
+    };
+    return targets;
+}
+
+} // namespace sigdbfuzz

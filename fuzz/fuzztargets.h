@@ -1,0 +1,40 @@
+#ifndef SIGDB_FUZZ_FUZZTARGETS_H
+#define SIGDB_FUZZ_FUZZTARGETS_H
+
+// The decoder entry points that the fuzzers drive, and sample records to seed them, in one
+// place: the harnesses and the seed generator both walk these tables, so a seed always
+// addresses the decoder it was made for.
+//
+// Input layouts:
+//   dispatch    qint16 order type (big-endian), then the answer bytes
+//   middleware  one byte choosing the record class, then the record stream
+//   requests    one byte choosing the request record, then its column stream
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace sigdbfuzz {
+
+struct Target
+{
+    QString name;
+    std::function<void(const QByteArray &)> decode;   // must never crash
+    std::function<std::vector<QByteArray>()> samples; // encodings made by the library
+};
+
+/// The answer order types of the dispatch, with samples of their records.
+const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> &answerSamples();
+/// Hands \a data to a RefCallback as an answer of \a orderType.
+void dispatchAnswer(int orderType, const QByteArray &data);
+
+/// One target per middleware record class.
+const std::vector<Target> &middlewareTargets();
+/// One target per request record that the library writes.
+const std::vector<Target> &requestTargets();
+
+} // namespace sigdbfuzz
+
+#endif
