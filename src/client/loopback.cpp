@@ -6,6 +6,7 @@
 #include "element/elementoverviewlist.h"
 #include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
+#include "middleware/versionrecords.h"
 #include "query/queryrequest.h"
 
 #include <QByteArray>
@@ -87,6 +88,36 @@ std::vector<Loopback::Answer> Loopback::answer(const Order &order)
     default:
         return {};
     }
+}
+
+QByteArray Loopback::answerVersionInfo(const QByteArray &request) const
+{
+    const VersionInfo client = VersionInfo::deserialize(request);
+
+    VersionInfo server;
+    server.getProductVersion().setOrigin("sigdbref loopback");
+    server.getProductVersion().setMajor(0);
+    server.getProductVersion().setMinor(1);
+    server.getInterfaceVersion().setMajor(1);
+    server.getInterfaceVersion().setMinor(0);
+    server.setRequiredInterfaceVersion(client.getInterfaceVersion());
+    server.setInterfaceIdentifier(client.getInterfaceIdentifier());
+
+    const InterfaceVersion &served = server.getInterfaceVersion();
+    const InterfaceVersion &required = client.getRequiredInterfaceVersion();
+    if (served.getMajor() == client.getInterfaceVersion().getMajor()
+        && served.getMinor() == client.getInterfaceVersion().getMinor())
+        server.setInterfaceMatching(InterfaceMatching_Match);
+    else if (served.getMajor() == required.getMajor() && served.getMinor() >= required.getMinor())
+        server.setInterfaceMatching(InterfaceMatching_Compatible);
+    else
+        server.setInterfaceMatching(InterfaceMatching_Mismatch);
+
+    VersionInfoVector answer;
+    answer.setVersionInfoVector({server});
+    QByteArray bytes;
+    answer.serialize(bytes);
+    return bytes;
 }
 
 Loopback::Key Loopback::keyOf(const SigdbElement &element)

@@ -56,6 +56,13 @@ public:
 
     void setObserver(Observer observer) { m_observer = std::move(observer); }
 
+    /// The server's side of the version handshake: decodes the client's VersionInfo record
+    /// from \a request and answers with a VersionInfoVector holding the server's version of the
+    /// same interface, its InterfaceMatching set from the two sides' interface versions
+    /// (equal: match; the server serves at least what the client requires: compatible; else
+    /// mismatch). Throws the decoder's QString when \a request does not decode.
+    QByteArray answerVersionInfo(const QByteArray &request) const;
+
     /// Puts an element into the store (as if it had been created before); a NULL TID is given
     /// the next free one. Returns the stored overview.
     ElementOverview storeElement(const ElementOverview &overview);

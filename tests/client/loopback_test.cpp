@@ -6,6 +6,7 @@
 #include "core/corecallback.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
+#include "middleware/versionrecords.h"
 #include "query/queryrequest.h"
 
 #include "testsupport.h"
@@ -215,4 +216,36 @@ TEST_F(LoopbackTest, TheObserverSeesEveryOrderAndItsAnswers)
     requests.deleteElement(element, &recorder);
     server.processPendingOrders();
     EXPECT_EQ(seen, (std::vector<int>{5001, 5001, 5007, 5006}));
+}
+
+TEST_F(LoopbackTest, VersionHandshake)
+{
+    sigdb::VersionInfo client;
+    client.getInterfaceVersion().setMajor(1);
+    client.getRequiredInterfaceVersion().setMajor(1);
+    client.setInterfaceIdentifier(sigdb::InterfaceIdentifier_Reference);
+    QByteArray request;
+    client.serialize(request);
+
+    const sigdb::VersionInfoVector answer = sigdb::VersionInfoVector::deserialize(server.answerVersionInfo(request));
+    ASSERT_EQ(answer.getVersionInfoVector().size(), 1u);
+    const sigdb::VersionInfo &info = answer.getVersionInfoVector()[0];
+    EXPECT_EQ(info.getInterfaceMatching(), sigdb::InterfaceMatching_Match);
+    EXPECT_EQ(info.getInterfaceIdentifier(), sigdb::InterfaceIdentifier_Reference);
+    EXPECT_EQ(info.getProductVersion().getOrigin(), "sigdbref loopback");
+
+    client.getInterfaceVersion().setMajor(2);
+    client.getRequiredInterfaceVersion().setMajor(1);
+    request.clear();
+    client.serialize(request);
+    EXPECT_EQ(sigdb::VersionInfoVector::deserialize(server.answerVersionInfo(request)).getVersionInfoVector()[0].getInterfaceMatching(),
+              sigdb::InterfaceMatching_Compatible);
+    client.getRequiredInterfaceVersion().setMajor(3);
+    request.clear();
+    client.serialize(request);
+    EXPECT_EQ(sigdb::VersionInfoVector::deserialize(server.answerVersionInfo(request)).getVersionInfoVector()[0].getInterfaceMatching(),
+              sigdb::InterfaceMatching_Mismatch);
+
+    EXPECT_THROW(server.answerVersionInfo(sigdbtest::bytes("00000000 00000004 00000000 00000002 00000004 00000000")),
+                 QString);
 }

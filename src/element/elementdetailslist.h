@@ -1,0 +1,82 @@
+#ifndef SIGDB_ELEMENT_ELEMENTDETAILSLIST_H
+#define SIGDB_ELEMENT_ELEMENTDETAILSLIST_H
+
+#include "sigdbref_export.h"
+
+#include "core/entrysequence.h"
+#include "element/elementdetails.h"
+
+namespace sigdb {
+
+/// One or more element details: the answer to getElementDetailList (5004) and the record that
+/// createElement (5005) and changeElement (5006) send.
+///
+/// Stream form: the list number (int column), the detail count (tag 1, size 8), then per
+/// detail its column values in the details encoding, its element definition, details number,
+/// collocation TID, reference documents, network overview list and its callsign table as one
+/// UTF-8 text under tag 1111. Unlike the overview lists, the column ids run on from one detail
+/// to the next.
+class SIGDBREF_EXPORT ElementDetailsList : public base::DbBaseType, public EntrySequence<ElementDetails>
+{
+public:
+    static constexpr int CountTag = 1;
+    static constexpr int CallsignTableTag = 1111;
+
+    ElementDetailsList();
+    ElementDetailsList(const ElementDetailsList &other);
+    ~ElementDetailsList() override;
+    using base::DbBaseType::operator=;
+    ElementDetailsList &operator=(const ElementDetailsList &other);
+
+    base::DbBaseType *getCopy(const base::DbBaseType *source) override;
+    /// Empties the list; the list number becomes 0 again.
+    void reset() override;
+    void serialize(QByteArray &out) const override;
+    /// The list number and the start id become \a start + 1; the details are numbered one
+    /// after the other from there. Returns the last detail's result (\a start + 1 when empty).
+    int setIDs(int start);
+
+    void writeTo(ColumnWriter &writer) const;
+    bool readFrom(ColumnReader &reader);
+
+    void appendDetails(const ElementDetails &details) { appendEntry(details); }
+    /// Appends copies of all details of \a other (its list number is not taken).
+    void appendDetailsList(const ElementDetailsList &other);
+
+    /// Starts an iteration: the first detail (null when empty), with the cursor past it.
+    ElementDetails *getFirstDetail() { return firstEntry(); }
+    ElementDetails *getNextDetail() { return getNextEntry(); }
+    ElementDetails *firstDetailPointer() { return m_entries.empty() ? nullptr : &m_entries.front(); }
+    /// A copy of the first detail; a default one for an empty list.
+    ElementDetails firstDetail() const;
+    /// The element type of detail \a index; 0 for an index out of range.
+    int getTypeOfIndex(unsigned int index) const;
+
+    base::DbDataType<int> &listNumber() { return m_listNumber; }
+    const base::DbDataType<int> &listNumber() const { return m_listNumber; }
+
+    /// The largest order number of the parameter rows (column 586) over all details; -1 for
+    /// an empty list.
+    int getMaxOrderNumberOfParameterSets();
+    void initMemberCurrentParameterSets();
+    void setApprove(bool approve);
+    void sortLists();
+    /// Whether the list carries what the approval of a linked pair needs: a second detail of a
+    /// known type that either carries no approval data or has the column standing in for the
+    /// key column 17 filled.
+    bool approveDataAvailable() const;
+    /// Equal counts, pairwise equal details and equal list numbers.
+    bool compareDetails(const ElementDetailsList &other) const;
+
+private:
+    static void writeDetail(ColumnWriter &writer, const ElementDetails &details);
+    static bool readDetail(ColumnReader &reader, ElementDetails &details);
+
+    base::DbDataType<int> m_listNumber{0};
+};
+
+SIGDBREF_EXPORT bool operator==(const ElementDetailsList &a, const ElementDetailsList &b);
+
+} // namespace sigdb
+
+#endif
