@@ -3,14 +3,22 @@
 #include "inspectcommand.h"
 #include "recordinspector.h"
 
+#include "client/loopback.h"
+#include "client/refcallback.h"
 #include "client/refinterface.h"
-#include "client/sigdbelementwithmaxcount.h"
-#include "core/orderqueue.h"
+#include "core/corecallback.h"
+#include "element/elementoverviewlist.h"
+#include "link/linkchangedefinition.h"
+#include "middleware/versionrecords.h"
+#include "query/queryrequest.h"
 
 #include <QCommandLineParser>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
+
+#include <functional>
 
 namespace sigdbtool {
 
@@ -21,20 +29,120 @@ QString hexSummary(const QByteArray &data)
     constexpr int kShown = 24;
     QString text = QString::fromLatin1(data.left(kShown).toHex(' '));
     if (data.size() > kShown)
-        text += QStringLiteral(" ... (%1 bytes)").arg(data.size());
+        text += QStringLiteral(" ...");
     return text;
 }
 
-void printOrder(QTextStream &out, const sigdb::Order &order)
+QString compactJson(const QJsonValue &value)
 {
-    out << "order " << order.handle << ": type " << order.orderType << ", " << order.data.size()
-        << " bytes\n  " << hexSummary(order.data) << '\n';
-    if (const RecordInspector *inspector = findInspector(Direction::Request, order.orderType)) {
-        const DecodeResult decoded = inspector->decode(order.data);
-        out << "  " << inspector->name << ' '
-            << QString::fromUtf8(QJsonDocument(decoded.value.toObject()).toJson(QJsonDocument::Compact))
-            << '\n';
+    const QJsonDocument document = value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
+    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+}
+
+void printBytes(QTextStream &out, const char *what, Direction direction, int orderType, const QString &record,
+                const QByteArray &data)
+{
+    out << "  " << what << ' ';
+    if (record.isEmpty())
+        out << orderType;
+    else
+        out << record;
+    out << " (" << data.size() << " bytes): " << hexSummary(data) << '\n';
+    const RecordInspector *inspector = record.isEmpty() ? findInspector(direction, orderType) : findInspector(record);
+    if (inspector)
+        out << "    " << inspector->name << ' ' << compactJson(inspector->decode(data).value) << '\n';
+}
+
+// The demo's client: counts and prints what reaches its callbacks.
+class DemoCallback : public sigdb::RefCallback
+{
+public:
+    explicit DemoCallback(QTextStream &out)
+        : m_out(out)
+    {
     }
+
+    int received = 0;
+    int errors = 0;
+
+    void callbackElementOverview(sigdb::ElementOverview &overview) override { reached("callbackElementOverview", overview.element); }
+    void callbackElementCreated(sigdb::ElementOverview &overview) override { reached("callbackElementCreated", overview.element); }
+    void callbackElementChanged(sigdb::ElementOverview &overview) override { reached("callbackElementChanged", overview.element); }
+    void callbackElementOverviewList(sigdb::ElementOverviewList &list) override
+    {
+        ++received;
+        m_out << "  -> callbackElementOverviewList: " << list.count() << " result(s)\n";
+    }
+    void callbackLinkChanged(sigdb::LinkChangeDefinition &change) override
+    {
+        ++received;
+        m_out << "  -> callbackLinkChanged: action " << change.link1().actionType() << " by "
+              << QString::fromStdString(change.modificationUser().getData()) << '\n';
+    }
+    void callbackErrorMessage(const std::string &text) override
+    {
+        ++errors;
+        m_out << "  -> callbackErrorMessage: " << QString::fromStdString(text) << '\n';
+    }
+
+private:
+    void reached(const char *callback, const sigdb::SigdbElement &element)
+    {
+        ++received;
+        m_out << "  -> " << callback << ": " << QString::fromStdString(element.infoAsString()) << '\n';
+    }
+
+    QTextStream &m_out;
+};
+
+// changeLink answers a core callback; the demo hands those answers on to its RefCallback.
+class LinkAnswers : public sigdb::CoreCallback
+{
+public:
+    explicit LinkAnswers(sigdb::RefCallback &target)
+        : m_target(target)
+    {
+    }
+
+private:
+    bool callbackRawData(int orderType, const QByteArray &data) override
+    {
+        return m_target.deliverRawData(orderType, data);
+    }
+
+    sigdb::RefCallback &m_target;
+};
+
+class VersionAnswers : public sigdb::CoreCallback
+{
+public:
+    explicit VersionAnswers(QTextStream &out)
+        : m_out(out)
+    {
+    }
+    int received = 0;
+    void callbackVersionInfoVector(const sigdb::VersionInfoVector &versions) override
+    {
+        ++received;
+        for (const sigdb::VersionInfo &info : versions.getVersionInfoVector()) {
+            m_out << "  -> callbackVersionInfoVector: " << QString::fromStdString(info.getProductVersion().getOrigin())
+                  << " interface " << info.getInterfaceVersion().getMajor() << '.'
+                  << info.getInterfaceVersion().getMinor() << ", matching " << static_cast<int>(info.getInterfaceMatching())
+                  << '\n';
+        }
+    }
+
+private:
+    QTextStream &m_out;
+};
+
+sigdb::ElementOverview storedUnit(const char *name)
+{
+    sigdb::ElementOverview overview;
+    overview.element.setType(1);
+    overview.keyText1 = std::string(name);
+    overview.modificationState = sigdb::Modification_Approved;
+    return overview;
 }
 
 } // namespace
@@ -42,8 +150,9 @@ void printOrder(QTextStream &out, const sigdb::Order &order)
 int runDemo(const QStringList &arguments, QTextStream &out, QTextStream &err)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Runs the road of a client session and prints each order and answer."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Runs the road of a client session against an in-process loopback of the server and prints "
+        "each order and answer as hex and as JSON."));
     parser.addHelpOption();
     if (!parser.parse(arguments)) {
         err << parser.errorText() << '\n';
@@ -55,19 +164,73 @@ int runDemo(const QStringList &arguments, QTextStream &out, QTextStream &err)
     }
 
     sigdb::OrderQueue queue;
-    sigdb::RefInterface interface;
-    interface.setOrderQueue(queue);
+    sigdb::RefInterface requests;
+    requests.setOrderQueue(queue);
+    sigdb::Loopback server(queue);
+    server.setObserver([&out](const sigdb::Order &order, const std::vector<sigdb::Loopback::Answer> &answers) {
+        printBytes(out, "order", Direction::Request, order.orderType, QString(), order.data);
+        for (const sigdb::Loopback::Answer &answer : answers)
+            printBytes(out, "answer", Direction::Answer, answer.orderType, QString(), answer.data);
+    });
+    DemoCallback callback(out);
+    int expectedAnswers = 0; // answers that are to reach the demo's RefCallback
+    bool handshakeDone = false;
 
-    out << "== the sub-elements of network 4711\n";
-    sigdb::SigdbElementWithMaxCount network;
-    network.setType(4);
-    network.setTID(4711);
-    network.setResultListMaxCount(50);
-    const int handle = interface.getElementSubElementList(network, nullptr);
-    for (const sigdb::Order &order : queue.takeAll())
-        printOrder(out, order);
+    out << "== 1. version handshake\n";
+    {
+        sigdb::VersionInfo client;
+        client.getProductVersion().setOrigin("sigdbref demo");
+        client.getInterfaceVersion().setMajor(1);
+        client.getRequiredInterfaceVersion().setMajor(1);
+        client.setInterfaceIdentifier(sigdb::InterfaceIdentifier_Reference);
+        QByteArray request;
+        client.serialize(request);
+        printBytes(out, "client sends", Direction::Middleware, 0, QStringLiteral("VersionInfo"), request);
+        const QByteArray answer = server.answerVersionInfo(request);
+        printBytes(out, "server answers", Direction::Middleware, 0, QStringLiteral("VersionInfoVector"), answer);
+        VersionAnswers versions(out);
+        versions.callbackVersionInfoVector(sigdb::VersionInfoVector::deserialize(answer));
+        handshakeDone = versions.received == 1;
+    }
+
+    out << "== 2. list unit overviews with a query\n";
+    for (const char *name : {"ALPHA", "ALBERT", "BRAVO"})
+        server.storeElement(storedUnit(name));
+    {
+        sigdb::QueryRequest query;
+        query.element().setType(1);
+        query.name() = std::string("AL*");
+        sigdb::QueryRequestList queries;
+        queries.appendEntry(query);
+        requests.getElementOverviewList(queries, &callback);
+        server.processPendingOrders();
+        ++expectedAnswers;
+    }
+
+    out << "== 3. link a unit into a network\n";
+    {
+        sigdb::ElementOverview network;
+        network.element.setType(4);
+        network.keyText1 = std::string("NET-1");
+        network = server.storeElement(network);
+        sigdb::ElementOverview member = server.storeElement(storedUnit("CHARLIE"));
+
+        sigdb::LinkChangeDefinition change;
+        change.link1().setActionType(10);
+        change.link1().setFromElement(network.element);
+        change.link1().setToElement(member.element);
+        change.setModificationUser(std::string("demo"));
+        LinkAnswers linkAnswers(callback);
+        requests.changeLink(change, &linkAnswers);
+        server.processPendingOrders();
+        ++expectedAnswers;
+    }
+
+    out << "== done: " << callback.received << " answer(s) received, " << callback.errors << " error(s)\n";
     out.flush();
-    return handle > 0 ? Exit_Ok : Exit_DecodeFailure;
+    const bool complete = handshakeDone && callback.errors == 0 && callback.received == expectedAnswers
+        && server.rejected() == 0;
+    return complete ? Exit_Ok : Exit_DecodeFailure;
 }
 
 } // namespace sigdbtool

@@ -170,15 +170,16 @@ QJsonValue toJson(const sigdb::QueryRequest &request)
 {
     QJsonObject columns;
     int position = 0;
-    std::apply(
-        [&columns, &position](const auto &...column) {
-            ((columns.insert(QString::fromLatin1(sigdb::QueryRequest::columnName(position++)),
-                             QJsonObject{{QStringLiteral("value"), toJson(column)},
+    // Only the columns that filter or sort are shown; every other one is NULL and unsorted.
+    const auto addColumn = [&columns, &position](const auto &column) {
+        const QString name = QString::fromLatin1(sigdb::QueryRequest::columnName(position++));
+        if (column.isNull() && !column.orderBy() && !column.ascending())
+            return;
+        columns.insert(name, QJsonObject{{QStringLiteral("value"), toJson(column)},
                                          {QStringLiteral("orderBy"), column.orderBy()},
-                                         {QStringLiteral("ascending"), column.ascending()}})),
-             ...);
-        },
-        request.columns());
+                                         {QStringLiteral("ascending"), column.ascending()}});
+    };
+    std::apply([&addColumn](const auto &...column) { (addColumn(column), ...); }, request.columns());
     return QJsonObject{
         {QStringLiteral("element"), toJson(request.element())},
         {QStringLiteral("detailsTemplate"), toJson(request.detailsTemplate())},

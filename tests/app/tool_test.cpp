@@ -324,7 +324,10 @@ TEST(Tool, DemoRunsEveryStep)
 {
     const ToolRun run = runTool(args({"demo"}));
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.contains("order 1")) << run.out.toStdString();
+    for (const char *step : {"== 1. version handshake", "-> callbackVersionInfoVector", "order 5002",
+                             "answer 5002", "-> callbackElementOverviewList: 2 result(s)", "order 5009",
+                             "answer 5009", "-> callbackLinkChanged: action 10 by demo", "0 error(s)"})
+        EXPECT_TRUE(run.out.contains(step)) << step << "\n" << run.out.toStdString();
 }
 
 namespace {
