@@ -1,0 +1,446 @@
+#include "network/callsigntabletext.h"
+
+#include "network/callsigntable.h"
+
+#include <QStringList>
+
+#include <limits>
+#include <type_traits>
+
+namespace sigdb {
+
+namespace {
+
+using Text = base::DbDataType<std::string>;
+
+/// One level of the text form: its parts are joined by "#" + separator, and the separator is
+/// escaped inside a part as "/" + separator.
+class Level
+{
+public:
+    explicit Level(QChar separator)
+        : m_separator(separator)
+        , m_separatorText(separator)
+        , m_join(QString(QLatin1Char('#')) + separator)
+        , m_escaped(QString(QLatin1Char('/')) + separator)
+    {
+    }
+
+    QString join(const QStringList &parts) const
+    {
+        QString joined;
+        for (int i = 0; i < parts.size(); ++i) {
+            if (i > 0)
+                joined += m_join;
+            QString part = parts.at(i);
+            joined += part.replace(m_separator, m_escaped);
+        }
+        return joined;
+    }
+
+    QStringList split(const QString &text) const
+    {
+        QStringList parts = text.split(m_join, Qt::KeepEmptyParts);
+        for (QString &part : parts)
+            part.replace(m_escaped, m_separatorText);
+        return parts;
+    }
+
+private:
+    QChar m_separator;
+    QString m_separatorText;
+    QString m_join;
+    QString m_escaped;
+};
+
+const Level kTableLevel{QLatin1Char('%')};
+const Level kListLevel{QLatin1Char('$')};
+const Level kValueLevel{QLatin1Char('|')};
+const Level kSetLevel{QChar(0xFFFD)};
+const Level kEntryListLevel{QLatin1Char('~')};
+
+// ---------------------------------------------------------------------------------------------
+// The layouts: which values a record gives, in which order, at which level. One visitor per
+// record serves the writer (on a const record) and the reader (on a mutable one).
+
+template <typename Record>
+struct Layout;
+
+template <>
+struct Layout<ConnectionEntry>
+{
+    static constexpr int ValueCount = 20;
+    static const Level &level() { return kValueLevel; }
+    static const Level &listLevel() { return kListLevel; }
+
+    template <typename Connection, typename Visit>
+    static void visit(Connection &c, Visit &&value)
+    {
+        value(c.fromDefinition.firstText);
+        value(c.fromDefinition.secondText);
+        value(c.fromDefinition.element);
+        value(c.toDefinition.firstText);
+        value(c.toDefinition.secondText);
+        value(c.toDefinition.element);
+        value(c.fromDefinition.rcs);
+        value(c.fromDefinition.relay);
+        value(c.toDefinition.rcs);
+        value(c.toDefinition.relay);
+        value(c.connectionFlag);
+        value(c.tid());
+        value(c.modificationState);
+        value(c.modificationDate());
+        value(c.creationDate());
+        value(c.modificationUser());
+        value(c.name());
+        value(c.secondNumber);
+        value(c.fromDefinition.overview);
+        value(c.toDefinition.overview);
+    }
+};
+
+template <>
+struct Layout<CallsignSet>
+{
+    static constexpr int ValueCount = 3;
+    static const Level &level() { return kSetLevel; }
+    static const Level &listLevel() { return kListLevel; }
+
+    template <typename Set, typename Visit>
+    static void visit(Set &s, Visit &&value)
+    {
+        value(s.firstValue);
+        value(s.secondValue);
+        value(s.entries);
+    }
+};
+
+template <>
+struct Layout<CallsignEntry>
+{
+    static constexpr int ValueCount = 4;
+    static const Level &level() { return kValueLevel; }
+    static const Level &listLevel() { return kEntryListLevel; }
+
+    template <typename Entry, typename Visit>
+    static void visit(Entry &e, Visit &&value)
+    {
+        value(e.firstCallsign);
+        value(e.secondCallsign);
+        value(e.thirdCallsign);
+        value(e.fourthCallsign);
+    }
+};
+
+template <>
+struct Layout<ElementOverview>
+{
+    static constexpr int ValueCount = 17;
+    static const Level &level() { return kEntryListLevel; }
+
+    template <typename Overview, typename Visit>
+    static void visit(Overview &o, Visit &&value)
+    {
+        value(o.element);
+        value(o.relatedElement);
+        value(o.exchgIdText);
+        value(o.infoText2);
+        value(o.infoText3);
+        value(o.infoText4);
+        value(o.keyText1);
+        value(o.keyText2);
+        value(o.keyText3);
+        value(o.locationIndication);
+        value(o.modificationState);
+        value(o.linkModificationState);
+        value(o.networkTypeWord);
+        value(o.auxiliaryTid);
+        value(o.collocationGroupLeader);
+        value(o.orderNumber);
+        value(o.collocationModState);
+    }
+};
+
+template <>
+struct Layout<CallsignTable>
+{
+    static constexpr int ValueCount = 3;
+    static const Level &level() { return kTableLevel; }
+
+    template <typename Table, typename Visit>
+    static void visit(Table &t, Visit &&value)
+    {
+        value(t.connections);
+        value(t.sets);
+        value(t.overview);
+    }
+};
+
+// ---------------------------------------------------------------------------------------------
+// Value texts: each writer beside its reader.
+
+enum class ReadResult {
+    Ok,
+    /// Some value did not read; it stays NULL (or default) and the rest was read.
+    BadValue,
+    /// The text does not have the record's number of parts.
+    WrongShape,
+};
+
+/// Digits only, with a leading "-" where \a signedNumber allows it.
+bool isDecimal(const QString &text, bool signedNumber)
+{
+    const int start = signedNumber && text.startsWith(QLatin1Char('-')) ? 1 : 0;
+    if (text.size() <= start)
+        return false;
+    for (int i = start; i < text.size(); ++i)
+        if (text.at(i) < QLatin1Char('0') || text.at(i) > QLatin1Char('9'))
+            return false;
+    return true;
+}
+
+bool readUnsigned(const QString &text, unsigned long long &number)
+{
+    bool ok = false;
+    number = isDecimal(text, false) ? text.toULongLong(&ok, 10) : 0;
+    return ok;
+}
+
+bool readSignedInt(const QString &text, int &number)
+{
+    bool ok = false;
+    number = isDecimal(text, true) ? text.toInt(&ok, 10) : 0;
+    return ok;
+}
+
+/// A NULL column from an empty text; otherwise \a parse decides the value.
+template <typename T, typename Parse>
+bool readColumn(const QString &text, base::DbDataType<T> &column, Parse parse)
+{
+    column = base::DbDataType<T>();
+    if (text.isEmpty())
+        return true;
+    T value{};
+    if (!parse(text, value))
+        return false;
+    column = value;
+    return true;
+}
+
+QString valueText(const Text &value)
+{
+    return value.isNull() ? QString() : QString::fromStdString(value.getData());
+}
+
+bool readValue(const QString &text, Text &value)
+{
+    return readColumn(text, value, [](const QString &t, std::string &v) {
+        v = t.toStdString();
+        return true;
+    });
+}
+
+QString valueText(const base::DbDataType<int> &value)
+{
+    return value.isNull() ? QString() : QString::number(value.getData());
+}
+
+bool readValue(const QString &text, base::DbDataType<int> &value)
+{
+    return readColumn(text, value, readSignedInt);
+}
+
+template <typename E, std::enable_if_t<std::is_enum<E>::value, int> = 0>
+QString valueText(const base::DbDataType<E> &value)
+{
+    return value.isNull() ? QString() : QString::number(static_cast<int>(value.getData()));
+}
+
+template <typename E, std::enable_if_t<std::is_enum<E>::value, int> = 0>
+bool readValue(const QString &text, base::DbDataType<E> &value)
+{
+    return readColumn(text, value, [](const QString &t, E &v) {
+        int number = 0;
+        if (!readSignedInt(t, number))
+            return false;
+        v = static_cast<E>(number);
+        return true;
+    });
+}
+
+QString valueText(const base::DbDataType<unsigned long long> &value)
+{
+    return value.isNull() ? QString() : QString::number(value.getData());
+}
+
+bool readValue(const QString &text, base::DbDataType<unsigned long long> &value)
+{
+    return readColumn(text, value, readUnsigned);
+}
+
+QString valueText(const base::DbDataType<bool> &value)
+{
+    if (value.isNull())
+        return QString();
+    return value.getData() ? QStringLiteral("T") : QStringLiteral("F");
+}
+
+bool readValue(const QString &text, base::DbDataType<bool> &value)
+{
+    return readColumn(text, value, [](const QString &t, bool &v) {
+        const QString lower = t.toLower();
+        v = lower == QLatin1String("t") || lower == QLatin1String("1") || lower == QLatin1String("true");
+        return v || lower == QLatin1String("f") || lower == QLatin1String("0")
+            || lower == QLatin1String("false");
+    });
+}
+
+QString valueText(const SigdbElement &element)
+{
+    return CallsignTableText::writeElementReference(element);
+}
+
+bool readValue(const QString &text, SigdbElement &element)
+{
+    return CallsignTableText::readElementReference(text, element);
+}
+
+// Records and lists (defined below, after the generic record walk).
+QString valueText(const ElementOverview &overview);
+bool readValue(const QString &text, ElementOverview &overview);
+template <typename Entry>
+QString valueText(const EntrySequence<Entry> &list);
+template <typename Entry>
+bool readValue(const QString &text, EntrySequence<Entry> &list);
+
+/// The values of \a record joined at its level.
+template <typename Record>
+QString writeRecord(const Record &record)
+{
+    QStringList parts;
+    Layout<Record>::visit(record, [&parts](const auto &value) { parts.append(valueText(value)); });
+    return Layout<Record>::level().join(parts);
+}
+
+/// Reads the values of \a record by position from \a text; values whose part is missing are
+/// left as they are.
+template <typename Record>
+ReadResult readRecord(const QString &text, Record &record)
+{
+    const QStringList parts = Layout<Record>::level().split(text);
+    bool valuesRead = true;
+    int position = 0;
+    Layout<Record>::visit(record, [&](auto &value) {
+        if (position < parts.size())
+            valuesRead = readValue(parts.at(position), value) && valuesRead;
+        ++position;
+    });
+    if (parts.size() != Layout<Record>::ValueCount)
+        return ReadResult::WrongShape;
+    return valuesRead ? ReadResult::Ok : ReadResult::BadValue;
+}
+
+QString valueText(const ElementOverview &overview)
+{
+    return writeRecord(overview);
+}
+
+bool readValue(const QString &text, ElementOverview &overview)
+{
+    return readRecord(text, overview) == ReadResult::Ok;
+}
+
+/// One text per entry, joined at the list's level; an empty list is the empty text.
+template <typename Entry>
+QString valueText(const EntrySequence<Entry> &list)
+{
+    QStringList parts;
+    for (const Entry &entry : list.container())
+        parts.append(writeRecord(entry));
+    return Layout<Entry>::listLevel().join(parts);
+}
+
+/// Replaces the entries of \a list by one entry per part of \a text. An entry whose text has
+/// the wrong shape is left out: it holds nothing that could be trusted, and keeping it would
+/// let a few characters of input claim a whole record.
+template <typename Entry>
+bool readValue(const QString &text, EntrySequence<Entry> &list)
+{
+    list.clear();
+    if (text.isEmpty())
+        return true;
+    bool allRead = true;
+    for (const QString &part : Layout<Entry>::listLevel().split(text)) {
+        Entry entry;
+        const ReadResult result = readRecord(part, entry);
+        allRead = allRead && result == ReadResult::Ok;
+        if (result != ReadResult::WrongShape)
+            list.appendEntry(entry);
+    }
+    return allRead;
+}
+
+} // namespace
+
+QString CallsignTableText::write(const CallsignTable &table)
+{
+    return writeRecord(table);
+}
+
+bool CallsignTableText::read(const QString &text, CallsignTable &table)
+{
+    table.reset();
+    return readRecord(text, table) == ReadResult::Ok;
+}
+
+QByteArray CallsignTableText::writeUtf8(const CallsignTable &table)
+{
+    return write(table).toUtf8();
+}
+
+bool CallsignTableText::readUtf8(const QByteArray &text, CallsignTable &table)
+{
+    return read(QString::fromUtf8(text), table);
+}
+
+QString CallsignTableText::writeOverview(const ElementOverview &overview)
+{
+    return writeRecord(overview);
+}
+
+bool CallsignTableText::readOverview(const QString &text, ElementOverview &overview)
+{
+    return readRecord(text, overview) == ReadResult::Ok;
+}
+
+QString CallsignTableText::writeElementReference(const SigdbElement &element)
+{
+    const QLatin1Char colon(':');
+    return QString::number(element.type()) + colon + valueText(element.tid()) + colon
+        + QString::number(element.layer());
+}
+
+bool CallsignTableText::readElementReference(const QString &text, SigdbElement &element)
+{
+    element.reset();
+    const QStringList parts = text.split(QLatin1Char(':'), Qt::KeepEmptyParts);
+    if (parts.size() != 3)
+        return false;
+    const auto readSmall = [](const QString &part, int &number) {
+        unsigned long long value = 0;
+        if (!readUnsigned(part, value) || value > static_cast<unsigned long long>(std::numeric_limits<int>::max()))
+            return false;
+        number = static_cast<int>(value);
+        return true;
+    };
+    int type = 0;
+    int layer = 0;
+    const bool typeRead = readSmall(parts.at(0), type);
+    const bool tidRead = readValue(parts.at(1), element.tid());
+    const bool layerRead = readSmall(parts.at(2), layer);
+    element.setType(type);
+    element.setLayer(layer);
+    return typeRead && tidRead && layerRead;
+}
+
+} // namespace sigdb

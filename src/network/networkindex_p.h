@@ -1,0 +1,113 @@
+#ifndef SIGDB_NETWORK_NETWORKINDEX_P_H
+#define SIGDB_NETWORK_NETWORKINDEX_P_H
+
+#include "base/dbdatatype.h"
+#include "core/sigdbelement.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+// Hash indexes for the callsign table algorithms. Networks with tens of thousands of
+// connections are common, and the table algorithms look elements and connections up once per
+// connection; these indexes keep that linear while giving exactly the answers of a walk over
+// the list with the records' own equality.
+
+namespace sigdb {
+
+/// Mixes \a value into \a seed.
+inline void hashCombine(std::size_t &seed, std::size_t value)
+{
+    seed ^= value + 0x9e3779b97f4a7c15ULL + (seed << 6) + (seed >> 2);
+}
+
+/// A hash of a nullable column value that agrees with its equality: every NULL hashes alike,
+/// whatever stale value it holds.
+template <typename T>
+std::size_t nullableHash(const base::DbDataType<T> &value)
+{
+    return value.isNull() ? 0x6e756c6cU : std::hash<T>()(value.getData()) + 1;
+}
+
+/// An element identity as a hashable key with exactly the equality of SigdbElement: equal
+/// types and TIDs, and for two elements without TID equal exchange ids.
+struct ElementKey
+{
+    explicit ElementKey(const SigdbElement &element)
+        : type(element.type())
+        , tid(element.tid())
+        , exchgId(element.isTIDundefined() ? element.exchgId() : base::DbDataType<std::string>())
+    {
+    }
+
+    bool operator==(const ElementKey &other) const
+    {
+        return type == other.type && tid == other.tid && exchgId == other.exchgId;
+    }
+
+    int type;
+    base::DbDataType<unsigned long long> tid;
+    /// Only consulted while the TID is NULL; NULL otherwise.
+    base::DbDataType<std::string> exchgId;
+};
+
+struct ElementKeyHash
+{
+    std::size_t operator()(const ElementKey &key) const
+    {
+        std::size_t seed = std::hash<int>()(key.type);
+        hashCombine(seed, nullableHash(key.tid));
+        hashCombine(seed, nullableHash(key.exchgId));
+        return seed;
+    }
+};
+
+/// The first position of every element in a sequence that only grows at its end: what a walk
+/// from the front with SigdbElement equality finds first.
+class ElementPositions
+{
+public:
+    /// The position recorded for \a element, -1 when none.
+    int find(const SigdbElement &element) const
+    {
+        const auto found = m_positions.find(ElementKey(element));
+        return found == m_positions.end() ? -1 : found->second;
+    }
+
+    /// Records \a position for \a element unless a position is known already; returns whether
+    /// it was recorded now.
+    bool insert(const SigdbElement &element, int position)
+    {
+        return m_positions.emplace(ElementKey(element), position).second;
+    }
+
+private:
+    std::unordered_map<ElementKey, int, ElementKeyHash> m_positions;
+};
+
+/// Whether every entry of \a mine has an equal entry somewhere in \a other (order and repeats
+/// do not matter). \a hash must give equal entries equal hashes; the equality of the entries
+/// decides within a bucket.
+template <typename Entry, typename Hash>
+bool everyEntryFoundIn(const std::vector<Entry> &mine, const std::vector<Entry> &other, Hash hash)
+{
+    std::unordered_multimap<std::size_t, const Entry *> byHash;
+    byHash.reserve(other.size());
+    for (const Entry &entry : other)
+        byHash.emplace(hash(entry), &entry);
+    for (const Entry &entry : mine) {
+        const auto range = byHash.equal_range(hash(entry));
+        bool found = false;
+        for (auto it = range.first; it != range.second && !found; ++it)
+            found = *it->second == entry;
+        if (!found)
+            return false;
+    }
+    return true;
+}
+
+} // namespace sigdb
+
+#endif
