@@ -9,6 +9,7 @@
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
 #include "core/sigdbelementdetails.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
@@ -130,6 +131,8 @@ std::vector<RecordInspector> buildInspectors()
                                                {OrderType_GetElementSubElementList}),
         columnRecord<ElementList>("ElementList", Direction::Request, {OrderType_GetElementDetailList}),
         columnRecord<SigdbElementDetails>("SigdbElementDetails", Direction::Request, {}),
+        columnRecord<ElementDetailsList>("ElementDetailsList", Direction::Request,
+                                         {OrderType_CreateElement, OrderType_ChangeElement}),
         columnRecord<QueryRequestList>("QueryRequestList", Direction::Request,
                                        {OrderType_GetElementOverviewList}),
         columnRecord<ElementOverviewList>("ElementOverviewList", Direction::Request,
@@ -141,6 +144,8 @@ std::vector<RecordInspector> buildInspectors()
         columnRecord<ElementOverview>("ElementOverview", Direction::Answer,
                                       {OrderType_GetElementOverview, OrderType_CreateElement,
                                        OrderType_ChangeElement}),
+        columnRecord<ElementDetailsList>("ElementDetailsList", Direction::Answer,
+                                         {OrderType_GetElementDetailList}),
         columnRecord<ElementOverviewList>("ElementOverviewList", Direction::Answer,
                                           {OrderType_GetElementOverviewList,
                                            OrderType_NewElementWithLink}),

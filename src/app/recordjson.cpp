@@ -5,9 +5,11 @@
 #include "core/elementlist.h"
 #include "core/locationentry.h"
 #include "core/sigdbelementdetails.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
+#include "network/callsigntable.h"
 #include "query/queryrequest.h"
 
 #include <tuple>
@@ -236,6 +238,80 @@ QJsonValue toJson(const sigdb::LinkChangeDefinition &change)
         {QStringLiteral("modificationUser"), toJson(change.modificationUser())},
         {QStringLiteral("link1"), toJson(change.link1())},
         {QStringLiteral("link2"), toJson(change.link2())},
+    };
+}
+
+QJsonValue toJson(const sigdb::ConnectionEntryDefinition &end)
+{
+    return QJsonObject{
+        {QStringLiteral("element"), toJson(end.element)},
+        {QStringLiteral("firstText"), toJson(end.firstText)},
+        {QStringLiteral("secondText"), toJson(end.secondText)},
+        {QStringLiteral("rcs"), toJson(end.rcs)},
+        {QStringLiteral("relay"), toJson(end.relay)},
+    };
+}
+
+QJsonValue toJson(const sigdb::ConnectionEntry &connection)
+{
+    return QJsonObject{
+        {QStringLiteral("tid"), toJson(connection.tid())},
+        {QStringLiteral("name"), toJson(connection.name())},
+        {QStringLiteral("from"), toJson(connection.fromDefinition)},
+        {QStringLiteral("to"), toJson(connection.toDefinition)},
+        {QStringLiteral("connectionFlag"), toJson(connection.connectionFlag)},
+        {QStringLiteral("modificationState"), toJson(connection.modificationState)},
+        {QStringLiteral("secondNumber"), toJson(connection.secondNumber)},
+    };
+}
+
+QJsonValue toJson(const sigdb::CallsignEntry &entry)
+{
+    return QJsonArray{toJson(entry.firstCallsign), toJson(entry.secondCallsign), toJson(entry.thirdCallsign),
+                      toJson(entry.fourthCallsign)};
+}
+
+QJsonValue toJson(const sigdb::CallsignSet &set)
+{
+    return QJsonObject{
+        {QStringLiteral("firstValue"), toJson(set.firstValue)},
+        {QStringLiteral("secondValue"), toJson(set.secondValue)},
+        {QStringLiteral("entries"), toJsonArray(set.entries.container())},
+    };
+}
+
+QJsonValue toJson(const sigdb::CallsignTable &table)
+{
+    return QJsonObject{
+        {QStringLiteral("connections"), toJsonArray(table.connections.container())},
+        {QStringLiteral("sets"), toJsonArray(table.sets.container())},
+        {QStringLiteral("overview"), toJson(table.overview)},
+    };
+}
+
+QJsonValue toJson(const sigdb::ReferenceDocument &document)
+{
+    return QJsonArray{toJson(document.documentText1), toJson(document.documentText2),
+                      toJson(document.documentText3), toJson(document.documentText4)};
+}
+
+QJsonValue toJson(const sigdb::ElementDetails &details)
+{
+    QJsonObject object = toJson(static_cast<const sigdb::SigdbElementDetails &>(details)).toObject();
+    object.insert(QStringLiteral("elementDefinition"), toJson(details.elementDefinition()));
+    object.insert(QStringLiteral("detailsNumber"), toJson(details.detailsNumber()));
+    object.insert(QStringLiteral("collocationTID"), toJson(details.collocationTID()));
+    object.insert(QStringLiteral("referenceDocuments"), toJsonArray(details.referenceDocuments().container()));
+    object.insert(QStringLiteral("networkList"), toJson(details.networkList()));
+    object.insert(QStringLiteral("callsignTable"), toJson(details.callsignTable()));
+    return object;
+}
+
+QJsonValue toJson(const sigdb::ElementDetailsList &list)
+{
+    return QJsonObject{
+        {QStringLiteral("listNumber"), toJson(list.listNumber())},
+        {QStringLiteral("details"), toJsonArray(list.container())},
     };
 }
 

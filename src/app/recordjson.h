@@ -26,6 +26,14 @@ class PlotEntry;
 class PlotEntryList;
 class LinkAction;
 class LinkChangeDefinition;
+class CallsignTable;
+class ConnectionEntryDefinition;
+class ConnectionEntry;
+class CallsignEntry;
+class CallsignSet;
+class ReferenceDocument;
+class ElementDetails;
+class ElementDetailsList;
 } // namespace sigdb
 
 namespace sigdbtool {
@@ -66,6 +74,14 @@ QJsonValue toJson(const sigdb::PlotEntry &entry);
 QJsonValue toJson(const sigdb::PlotEntryList &list);
 QJsonValue toJson(const sigdb::LinkAction &link);
 QJsonValue toJson(const sigdb::LinkChangeDefinition &change);
+QJsonValue toJson(const sigdb::ConnectionEntryDefinition &end);
+QJsonValue toJson(const sigdb::ConnectionEntry &connection);
+QJsonValue toJson(const sigdb::CallsignEntry &entry);
+QJsonValue toJson(const sigdb::CallsignSet &set);
+QJsonValue toJson(const sigdb::CallsignTable &table);
+QJsonValue toJson(const sigdb::ReferenceDocument &document);
+QJsonValue toJson(const sigdb::ElementDetails &details);
+QJsonValue toJson(const sigdb::ElementDetailsList &list);
 
 template <typename T>
 QJsonArray toJsonArray(const std::vector<T> &values)

@@ -3,6 +3,7 @@
 #include "auxiliary/plotentry.h"
 #include "client/ordertype.h"
 #include "client/sigdbelementwithmaxcount.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverviewlist.h"
 #include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
@@ -73,6 +74,11 @@ std::vector<Loopback::Answer> Loopback::answer(const Order &order)
         return answerOverview(order.data);
     case OrderType_GetElementOverviewList:
         return answerQuery(order.data);
+    case OrderType_GetElementDetailList:
+        return answerDetails(order.data);
+    case OrderType_CreateElement:
+    case OrderType_ChangeElement:
+        return answerStoredDetails(order.data, order.orderType);
     case OrderType_GetElementSubElementList:
         return answerSubElements(order.data);
     case OrderType_DeleteElement:
@@ -140,6 +146,62 @@ const ElementOverview *Loopback::findElement(const SigdbElement &element) const
 {
     const auto found = m_elements.find(keyOf(element));
     return found == m_elements.end() ? nullptr : &found->second;
+}
+
+const ElementDetails *Loopback::findDetails(const SigdbElement &element) const
+{
+    const auto found = m_details.find(keyOf(element));
+    return found == m_details.end() ? nullptr : &found->second;
+}
+
+std::vector<Loopback::Answer> Loopback::answerDetails(const QByteArray &data)
+{
+    ElementList elements;
+    if (!decodeOrder(data, elements))
+        return rejectedOrder();
+    ElementDetailsList result;
+    for (const SigdbElement &element : elements.container()) {
+        if (const ElementDetails *stored = findDetails(element)) {
+            result.appendDetails(*stored);
+            continue;
+        }
+        ElementDetails details;
+        details = element;
+        result.appendDetails(details);
+    }
+    return {encodeAnswer(OrderType_GetElementDetailList, result)};
+}
+
+std::vector<Loopback::Answer> Loopback::answerStoredDetails(const QByteArray &data, int orderType)
+{
+    ElementDetailsList list;
+    if (!decodeOrder(data, list))
+        return rejectedOrder();
+    std::vector<Answer> answers;
+    for (ElementDetails &details : list.container()) {
+        ElementOverview overview;
+        if (const ElementOverview *stored = findElement(details))
+            overview = *stored;
+        overview.element = details;
+        overview.modificationState = orderType == OrderType_CreateElement ? Modification_NewInMdl
+                                                                          : Modification_ChangedInMdl;
+        overview.keyText1 = details.str(5);
+        overview.collocationModState = base::DbDataType<int>();
+        if (!details.collocationTID().isNull())
+            overview.locationIndication = LocationIndication_Collocated;
+        overview = storeElement(overview);
+        // A new element without an exchange id gets one made from its table and TID.
+        if (overview.element.exchgId().isNull()) {
+            overview.element.setExchgId(overview.element.tableAbbrevation() + "-"
+                                        + std::to_string(overview.element.TID()));
+            overview = storeElement(overview);
+        }
+        details.setTid(overview.element.tid());
+        details.setExchgId(overview.element.exchgId());
+        m_details[keyOf(details)] = details;
+        answers.push_back(encodeAnswer(orderType, overview));
+    }
+    return answers;
 }
 
 std::vector<Loopback::Answer> Loopback::rejectedOrder()

@@ -4,6 +4,7 @@
 #include "sigdbref_export.h"
 
 #include "core/orderqueue.h"
+#include "element/elementdetails.h"
 #include "element/elementoverview.h"
 
 #include <QByteArray>
@@ -28,7 +29,9 @@ namespace sigdb {
 ///     requests.getElementOverview(element, &myCallback);
 ///     server.processPendingOrders();   // myCallback.callbackElementOverview(...) runs here
 ///
-/// Orders it answers: 5001 (the stored overview), 5002 (the stored elements that the query's
+/// Orders it answers: 5001 (the stored overview), 5004 (the stored details), 5005 and 5006
+/// (the details are stored, new elements get a TID and an exchange id, and each is answered
+/// with its overview under the same order type), 5002 (the stored elements that the query's
 /// element type and name select, paged), 5003 (the elements linked to the element), 5007 and
 /// 5008 (the changed overview as 5006), 5009 (the link change, stored and echoed), 5010 (the
 /// collocation group echoed as 5002) and 5011 (the plot entries, numbered and echoed). Orders
@@ -68,6 +71,8 @@ public:
     ElementOverview storeElement(const ElementOverview &overview);
     /// The stored overview of \a element; null when the store does not hold it.
     const ElementOverview *findElement(const SigdbElement &element) const;
+    /// The stored details of \a element; null when the store holds none.
+    const ElementDetails *findDetails(const SigdbElement &element) const;
     int storedElementCount() const { return static_cast<int>(m_elements.size()); }
     /// Orders whose bytes did not decode.
     int rejected() const { return m_rejected; }
@@ -77,6 +82,8 @@ private:
     static Key keyOf(const SigdbElement &element);
 
     std::vector<Answer> answerOverview(const QByteArray &data);
+    std::vector<Answer> answerDetails(const QByteArray &data);
+    std::vector<Answer> answerStoredDetails(const QByteArray &data, int orderType);
     std::vector<Answer> answerQuery(const QByteArray &data);
     std::vector<Answer> answerSubElements(const QByteArray &data);
     std::vector<Answer> answerStateChange(const QByteArray &data, bool deleting);
@@ -88,6 +95,7 @@ private:
     OrderQueue &m_queue;
     Observer m_observer;
     std::map<Key, ElementOverview> m_elements;
+    std::map<Key, ElementDetails> m_details;
     std::multimap<Key, SigdbElement> m_links;
     unsigned long long m_nextTid = 1000;
     unsigned long long m_nextPlotId = 1;

@@ -2,6 +2,7 @@
 
 #include "auxiliary/plotentry.h"
 #include "client/ordertype.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "io/columnstream.h"
@@ -48,7 +49,9 @@ const Route kRoutes[] = {
     {OrderType_GetElementOverviewList,
      &decodeAndDeliver<ElementOverviewList, &RefCallback::callbackElementOverviewList>,
      "deserialize ElementOverviewList (callbackElementOverviewList)  failed"},
-    {OrderType_GetElementDetailList, nullptr, "deserialize ElementDetailsList  failed"},
+    {OrderType_GetElementDetailList,
+     &decodeAndDeliver<ElementDetailsList, &RefCallback::callbackElementDetailList>,
+     "deserialize ElementDetailsList  failed"},
     {OrderType_CreateElement, &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementCreated>,
      "deserialize ElementOverview (callbackElementCreated) failed"},
     {OrderType_ChangeElement, &decodeAndDeliver<ElementOverview, &RefCallback::callbackElementChanged>,

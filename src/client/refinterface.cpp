@@ -4,6 +4,7 @@
 #include "client/sigdbelementwithmaxcount.h"
 #include "client/refcallback.h"
 #include "core/elementlist.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
 #include "query/queryrequest.h"
@@ -38,6 +39,16 @@ int RefInterface::getElementSubElementList(SigdbElementWithMaxCount &element, co
 int RefInterface::getElementDetailList(ElementList &elements, const RefCallback *callback)
 {
     return send(OrderType_GetElementDetailList, elements, callback);
+}
+
+int RefInterface::createElement(ElementDetailsList &details, const RefCallback *callback)
+{
+    return send(OrderType_CreateElement, details, callback);
+}
+
+int RefInterface::changeElement(ElementDetailsList &details, const RefCallback *callback)
+{
+    return send(OrderType_ChangeElement, details, callback);
 }
 
 int RefInterface::deleteElement(SigdbElement &element, const RefCallback *callback)

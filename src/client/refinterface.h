@@ -9,6 +9,7 @@
 
 namespace sigdb {
 
+class ElementDetailsList;
 class ElementList;
 class ElementOverviewList;
 class LinkChangeDefinition;
@@ -37,6 +38,10 @@ public:
     int getElementSubElementList(SigdbElementWithMaxCount &element, const RefCallback *callback);
     /// Order 5004: the details of every element of the list.
     int getElementDetailList(ElementList &elements, const RefCallback *callback);
+    /// Order 5005: creates the elements of the list with their full details.
+    int createElement(ElementDetailsList &details, const RefCallback *callback);
+    /// Order 5006: changes the elements of the list to the details given.
+    int changeElement(ElementDetailsList &details, const RefCallback *callback);
     /// Order 5007: deletes an element.
     int deleteElement(SigdbElement &element, const RefCallback *callback);
     /// Order 5008: approves (or rejects) the changes of an element.
