@@ -7,6 +7,7 @@
 #include "client/refcallback.h"
 #include "client/refinterface.h"
 #include "core/corecallback.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
 #include "middleware/versionrecords.h"
@@ -193,8 +194,32 @@ int runDemo(const QStringList &arguments, QTextStream &out, QTextStream &err)
         handshakeDone = versions.received == 1;
     }
 
-    out << "== 2. list unit overviews with a query\n";
-    for (const char *name : {"ALPHA", "ALBERT", "BRAVO"})
+    out << "== 2. create a unit with full details\n";
+    {
+        sigdb::ElementDetails unit;
+        unit.setType(1);
+        unit.str(5) = std::string("ALPHA");
+        unit.str(17) = std::string("alpha unit");
+        unit.str(513) = std::string("A1;A2");
+        unit.collocationTID() = 7000ULL;
+        sigdb::ReferenceDocument manual;
+        manual.documentText1 = std::string("operator manual");
+        unit.referenceDocuments().appendEntry(manual);
+        sigdb::CallsignSet callsigns;
+        sigdb::CallsignEntry entry;
+        entry.firstCallsign = std::string("ALPHA/A1");
+        entry.secondCallsign = std::string("A|2");
+        callsigns.entries.appendEntry(entry);
+        unit.callsignTable().sets.appendEntry(callsigns);
+        sigdb::ElementDetailsList details;
+        details.appendDetails(unit);
+        requests.createElement(details, &callback);
+        server.processPendingOrders();
+        ++expectedAnswers;
+    }
+
+    out << "== 3. list unit overviews with a query\n";
+    for (const char *name : {"ALBERT", "BRAVO"})
         server.storeElement(storedUnit(name));
     {
         sigdb::QueryRequest query;
@@ -207,7 +232,7 @@ int runDemo(const QStringList &arguments, QTextStream &out, QTextStream &err)
         ++expectedAnswers;
     }
 
-    out << "== 3. link a unit into a network\n";
+    out << "== 4. link a unit into a network\n";
     {
         sigdb::ElementOverview network;
         network.element.setType(4);

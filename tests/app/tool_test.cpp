@@ -3,6 +3,7 @@
 #include "auxiliary/plotentry.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
@@ -137,7 +138,33 @@ std::vector<RecordCase> recordCases()
         EXPECT_EQ(value[QStringLiteral("link1")][QStringLiteral("actionType")].toInt(), 10);
     };
 
+    const auto detailsBytes = [] {
+        sigdb::ElementDetailsList list;
+        sigdb::ElementDetails unit;
+        unit.setType(1);
+        unit.str(5) = std::string("ALPHA");
+        unit.collocationTID() = 77ULL;
+        sigdb::CallsignSet set;
+        sigdb::CallsignEntry entry;
+        entry.firstCallsign = std::string("A|1");
+        set.entries.appendEntry(entry);
+        unit.callsignTable().sets.appendEntry(set);
+        list.appendDetails(unit);
+        return encoded(list);
+    };
+    const auto detailsCheck = [](const QJsonValue &value) {
+        const QJsonValue detail = value[QStringLiteral("details")][0];
+        EXPECT_EQ(detail[QStringLiteral("element")][QStringLiteral("type")].toInt(), 1);
+        EXPECT_EQ(detail[QStringLiteral("collocationTID")].toInt(), 77);
+        EXPECT_EQ(detail[QStringLiteral("callsignTable")][QStringLiteral("sets")][0][QStringLiteral("entries")][0][0].toString(),
+                  QStringLiteral("A|1"));
+        EXPECT_TRUE(detail[QStringLiteral("columns")].toArray().contains(QStringLiteral("ALPHA")));
+    };
+
     return {
+        {"Answer5004", args({"--order-type", "5004"}), detailsBytes, detailsCheck},
+        {"Request5005", args({"--order-type", "5005", "--request"}), detailsBytes, detailsCheck},
+        {"Request5006", args({"--order-type", "5006", "--request"}), detailsBytes, detailsCheck},
         {"Answer5001", args({"--order-type", "5001"}), [] { return encoded(sampleOverview()); }, overviewCheck},
         {"Answer5005", args({"--order-type", "5005"}), [] { return encoded(sampleOverview()); }, overviewCheck},
         {"Answer5006", args({"--order-type", "5006"}), [] { return encoded(sampleOverview()); }, overviewCheck},
@@ -324,7 +351,8 @@ TEST(Tool, DemoRunsEveryStep)
 {
     const ToolRun run = runTool(args({"demo"}));
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    for (const char *step : {"== 1. version handshake", "-> callbackVersionInfoVector", "order 5002",
+    for (const char *step : {"== 1. version handshake", "-> callbackVersionInfoVector", "order 5005",
+                             "answer 5005", "-> callbackElementCreated: Unit 1:1000:0", "order 5002",
                              "answer 5002", "-> callbackElementOverviewList: 2 result(s)", "order 5009",
                              "answer 5009", "-> callbackLinkChanged: action 10 by demo", "0 error(s)"})
         EXPECT_TRUE(run.out.contains(step)) << step << "\n" << run.out.toStdString();
