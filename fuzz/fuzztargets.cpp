@@ -4,11 +4,13 @@
 #include "client/refcallback.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
+#include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
 #include "middleware/inforecords.h"
+#include "network/callsigntable.h"
 #include "middleware/lockrecords.h"
 #include "middleware/maintenancerecords.h"
 #include "middleware/namevaluerecords.h"
@@ -85,6 +87,48 @@ PlotEntryList samplePlots()
     return plots;
 }
 
+CallsignTable sampleTable()
+{
+    CallsignTable table;
+    for (unsigned long long tid : {1ULL, 2ULL}) {
+        ConnectionEntry connection;
+        connection.setTID(100 + tid);
+        connection.fromDefinition.element.setType(4);
+        connection.fromDefinition.element.setTID(1);
+        connection.fromDefinition.rcs = tid == 1;
+        connection.toDefinition.element.setType(1);
+        connection.toDefinition.element.setTID(10 + tid);
+        connection.toDefinition.firstText = std::string("to|$%~#/");
+        table.connections.appendEntry(connection);
+    }
+    CallsignSet set;
+    set.firstValue = std::string("day");
+    for (const char *callsign : {"A1/A2", "B|1"}) {
+        CallsignEntry entry;
+        entry.firstCallsign = std::string(callsign);
+        entry.thirdCallsign = std::string("X");
+        set.entries.appendEntry(entry);
+    }
+    table.sets.appendEntry(set);
+    table.overview.keyText1 = std::string("NET");
+    return table;
+}
+
+ElementDetailsList sampleDetails()
+{
+    ElementDetails unit;
+    unit.setType(1);
+    unit.str(5) = std::string("ALPHA");
+    unit.collocationTID() = 9ULL;
+    ReferenceDocument document;
+    document.documentText1 = std::string("manual");
+    unit.referenceDocuments().appendEntry(document);
+    unit.callsignTable() = sampleTable();
+    ElementDetailsList list;
+    list.appendDetails(unit);
+    return list;
+}
+
 QueryRequestList sampleQueries()
 {
     QueryRequest query;
@@ -146,7 +190,7 @@ const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> &ans
     static const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> samples = {
         {5001, [] { return std::vector<QByteArray>{encoded(sampleOverview()), encoded(ElementOverview())}; }},
         {5002, [] { return std::vector<QByteArray>{encoded(sampleList()), encoded(ElementOverviewList())}; }},
-        {5004, [] { return std::vector<QByteArray>{}; }},
+        {5004, [] { return std::vector<QByteArray>{encoded(sampleDetails()), encoded(ElementDetailsList())}; }},
         {5005, [] { return std::vector<QByteArray>{encoded(sampleOverview())}; }},
         {5006, [] { return std::vector<QByteArray>{encoded(sampleOverview())}; }},
         {5009, [] { return std::vector<QByteArray>{encoded(sampleLinkChange())}; }},
@@ -209,8 +253,23 @@ const std::vector<Target> &requestTargets()
         columnTarget<ElementOverviewList>("ElementOverviewList", [] { return std::vector<QByteArray>{encoded(sampleList())}; }),
         columnTarget<LinkChangeDefinition>("LinkChangeDefinition", [] { return std::vector<QByteArray>{encoded(sampleLinkChange())}; }),
         columnTarget<PlotEntryList>("PlotEntryList", [] { return std::vector<QByteArray>{encoded(samplePlots())}; }),
+        columnTarget<ElementDetailsList>("ElementDetailsList", [] { return std::vector<QByteArray>{encoded(sampleDetails())}; }),
     };
     return targets;
+}
+
+const Target &callsignTextTarget()
+{
+    static const Target target{QStringLiteral("CallsignTable"),
+                               [](const QByteArray &data) {
+                                   CallsignTable table;
+                                   table.fromUtf8Text(data);
+                               },
+                               [] {
+                                   return std::vector<QByteArray>{sampleTable().toUtf8Text(),
+                                                                  CallsignTable().toUtf8Text()};
+                               }};
+    return target;
 }
 
 } // namespace sigdbfuzz

@@ -9,6 +9,7 @@
 //   dispatch    qint16 order type (big-endian), then the answer bytes
 //   middleware  one byte choosing the record class, then the record stream
 //   requests    one byte choosing the request record, then its column stream
+//   callsigntext  the UTF-8 text form of a callsign table
 
 #include <QByteArray>
 #include <QString>
@@ -34,6 +35,8 @@ void dispatchAnswer(int orderType, const QByteArray &data);
 const std::vector<Target> &middlewareTargets();
 /// One target per request record that the library writes.
 const std::vector<Target> &requestTargets();
+/// The reader of the callsign table's text form.
+const Target &callsignTextTarget();
 
 } // namespace sigdbfuzz
 

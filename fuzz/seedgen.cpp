@@ -30,7 +30,7 @@ int main(int argc, char *argv[])
         return 2;
     }
     const QString root = QString::fromLocal8Bit(argv[1]);
-    for (const char *harness : {"dispatch", "middleware", "requests"}) {
+    for (const char *harness : {"dispatch", "middleware", "requests", "callsigntext"}) {
         if (!QDir().mkpath(root + QLatin1Char('/') + QLatin1String(harness)))
             return 1;
     }
@@ -59,6 +59,9 @@ int main(int argc, char *argv[])
     };
     writeTargets("middleware", sigdbfuzz::middlewareTargets());
     writeTargets("requests", sigdbfuzz::requestTargets());
+    int n = 0;
+    for (const QByteArray &bytes : sigdbfuzz::callsignTextTarget().samples())
+        written += writeSeed(root + QStringLiteral("/callsigntext"), QStringLiteral("table-%1").arg(n++), bytes);
     std::printf("%d seeds written to %s\n", written, argv[1]);
     return written > 0 ? 0 : 1;
 }
