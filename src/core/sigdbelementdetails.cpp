@@ -128,10 +128,12 @@ bool SigdbElementDetails::readNested(ColumnReader &reader)
     qint16 count = 0;
     if (!reader.readShortField(ColumnTextsTag, count))
         return false;
+    // Column texts carry id 0, so one would read as NULL from an exhausted stream: every text
+    // needs a frame that is really there.
     std::vector<base::DbDataType<std::string>> texts;
     for (qint16 i = 0; i < count; ++i) {
         base::DbDataType<std::string> text;
-        if (!reader.readUntagged(text))
+        if (reader.atEnd() || !reader.readUntagged(text))
             return false;
         texts.push_back(std::move(text));
     }
