@@ -17,6 +17,7 @@ public:
 
     ElementBase();
     ElementBase(const ElementBase &other);
+    ElementBase(ElementBase &&other) = default;
     explicit ElementBase(const SigdbElement &element);
     ~ElementBase() override;
 
@@ -57,6 +58,7 @@ public:
 
     ElementBaseName();
     ElementBaseName(const ElementBaseName &other);
+    ElementBaseName(ElementBaseName &&other) = default;
     explicit ElementBaseName(const SigdbElement &element);
     ~ElementBaseName() override;
 

@@ -21,6 +21,7 @@ public:
 
     ElementList();
     ElementList(const ElementList &other);
+    ElementList(ElementList &&other) = default;
     ~ElementList() override;
     using RecordList<SigdbElement>::operator=;
     ElementList &operator=(const ElementList &other);

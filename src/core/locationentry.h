@@ -25,6 +25,7 @@ public:
 
     LocationEntry();
     LocationEntry(const LocationEntry &other);
+    LocationEntry(LocationEntry &&other) = default;
     ~LocationEntry() override;
     using base::DbBaseType::operator=;
     LocationEntry &operator=(const LocationEntry &other);
@@ -59,6 +60,7 @@ public:
 
     LocationEntryList();
     LocationEntryList(const LocationEntryList &other);
+    LocationEntryList(LocationEntryList &&other) = default;
     ~LocationEntryList() override;
     using RecordList<LocationEntry>::operator=;
     LocationEntryList &operator=(const LocationEntryList &other);

@@ -23,7 +23,9 @@ public:
 protected:
     RecordList() = default;
     RecordList(const RecordList &other) = default;
+    RecordList(RecordList &&other) = default;
     RecordList &operator=(const RecordList &other) = default;
+    RecordList &operator=(RecordList &&other) = default;
     ~RecordList() override = default;
 
     /// Remembers \a startId and numbers every entry from it.

@@ -30,6 +30,7 @@ public:
 
     SigdbElement();
     SigdbElement(const SigdbElement &other);
+    SigdbElement(SigdbElement &&other) = default;
     ~SigdbElement() override;
 
     using base::DbBaseType::operator=;

@@ -35,6 +35,7 @@ public:
 
     SigdbElementDetails();
     SigdbElementDetails(const SigdbElementDetails &other);
+    SigdbElementDetails(SigdbElementDetails &&other) = default;
     explicit SigdbElementDetails(const SigdbElement &element);
     ~SigdbElementDetails() override;
 

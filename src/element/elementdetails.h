@@ -30,6 +30,7 @@ class SIGDBREF_EXPORT ElementDetails : public SigdbElementDetails
 public:
     ElementDetails();
     ElementDetails(const ElementDetails &other);
+    ElementDetails(ElementDetails &&other) = default;
     /// The inherited part copied from \a details; every added field takes its default.
     explicit ElementDetails(const SigdbElementDetails &details);
     ~ElementDetails() override;

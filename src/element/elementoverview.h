@@ -107,6 +107,7 @@ public:
 
     ElementOverview();
     ElementOverview(const ElementOverview &other);
+    ElementOverview(ElementOverview &&other) = default;
     ~ElementOverview() override;
     using base::DbBaseType::operator=;
     /// Copies all twenty fields and the store type.

@@ -43,6 +43,7 @@ public:
 
     ElementOverviewList();
     ElementOverviewList(const ElementOverviewList &other);
+    ElementOverviewList(ElementOverviewList &&other) = default;
     ~ElementOverviewList() override;
     using base::DbBaseType::operator=;
     ElementOverviewList &operator=(const ElementOverviewList &other);

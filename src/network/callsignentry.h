@@ -19,6 +19,7 @@ class SIGDBREF_EXPORT CallsignEntry : public base::DbBaseType
 public:
     CallsignEntry();
     CallsignEntry(const CallsignEntry &other);
+    CallsignEntry(CallsignEntry &&other) = default;
     ~CallsignEntry() override;
     using base::DbBaseType::operator=;
     CallsignEntry &operator=(const CallsignEntry &other);
@@ -49,6 +50,7 @@ class SIGDBREF_EXPORT CallsignEntryList : public base::DbBaseType, public EntryS
 public:
     CallsignEntryList();
     CallsignEntryList(const CallsignEntryList &other);
+    CallsignEntryList(CallsignEntryList &&other) = default;
     ~CallsignEntryList() override;
     using base::DbBaseType::operator=;
     CallsignEntryList &operator=(const CallsignEntryList &other);

@@ -14,6 +14,7 @@ class SIGDBREF_EXPORT CallsignSet : public base::DbBaseType
 public:
     CallsignSet();
     CallsignSet(const CallsignSet &other);
+    CallsignSet(CallsignSet &&other) = default;
     ~CallsignSet() override;
     using base::DbBaseType::operator=;
     CallsignSet &operator=(const CallsignSet &other);
@@ -41,6 +42,7 @@ class SIGDBREF_EXPORT CallsignSetList : public base::DbBaseType, public EntrySeq
 public:
     CallsignSetList();
     CallsignSetList(const CallsignSetList &other);
+    CallsignSetList(CallsignSetList &&other) = default;
     ~CallsignSetList() override;
     using base::DbBaseType::operator=;
     CallsignSetList &operator=(const CallsignSetList &other);

@@ -1,0 +1,277 @@
+// Encoding and decoding of the large records a client meets, each beside its floor: the same
+// bytes written and read with bare QDataStream calls and no record logic (framefloor.h).
+// Compare a record's bytes_per_second with its floor's in the same run.
+
+#include "framefloor.h"
+
+#include "element/elementdetailslist.h"
+#include "element/elementoverviewlist.h"
+#include "io/columnstream.h"
+#include "middleware/versionrecords.h"
+#include "query/queryrequest.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+namespace {
+
+using namespace sigdb;
+using sigdbbench::Block;
+
+ElementOverview overview(int i)
+{
+    ElementOverview result;
+    result.element.setType(1);
+    result.element.setTID(100000 + static_cast<unsigned long long>(i));
+    result.element.setExchgId(std::string("UNI-") + std::to_string(i));
+    result.keyText1 = std::string("unit ") + std::to_string(i);
+    result.keyText2 = std::string("K");
+    result.modificationState = Modification_Approved;
+    result.networkTypeWord = 16;
+    result.auxiliaryTid = 7ULL;
+    result.location.latitude = 52.5;
+    result.location.longitude = 13.4;
+    return result;
+}
+
+ElementOverviewList overviewList()
+{
+    ElementOverviewList list;
+    for (int i = 0; i < 10000; ++i)
+        list.appendResult(overview(i), false);
+    return list;
+}
+
+ElementDetailsList detailsList()
+{
+    ElementDetailsList list;
+    for (int d = 0; d < 1000; ++d) {
+        ElementDetails details;
+        details.setType(1);
+        details.setTID(static_cast<unsigned long long>(d + 1));
+        std::vector<base::DbDataType<std::string>> texts(200);
+        for (int i = 0; i < 200; ++i) {
+            if (i % 10 != 0)
+                texts[static_cast<size_t>(i)] = std::string("column value ") + std::to_string(i);
+        }
+        details.setAllData(texts);
+        list.appendDetails(details);
+    }
+    return list;
+}
+
+QueryRequestList queryList()
+{
+    QueryRequestList list;
+    for (int i = 0; i < 100; ++i) {
+        QueryRequest query;
+        query.element().setType(1);
+        query.name() = std::string("AL*");
+        query.frequencyMin() = 30.0e6;
+        query.frequencyMax() = 88.0e6;
+        query.elementType() = 1;
+        query.isEncrypted() = true;
+        list.appendEntry(query);
+    }
+    return list;
+}
+
+VersionInfo versionInfo(int i)
+{
+    VersionInfo info;
+    info.getProductVersion().setOrigin("product " + std::to_string(i));
+    info.getProductVersion().setMajor(4);
+    info.getProductVersion().setBuild(i);
+    info.getProductVersion().setVersionDate("2026-11-21");
+    info.getProductVersion().setBuildDate("2026-11-20");
+    info.getInterfaceVersion().setMajor(1);
+    info.getRequiredInterfaceVersion().setMajor(1);
+    info.setInterfaceMatching(InterfaceMatching_Match);
+    return info;
+}
+
+VersionInfoVector versionVector()
+{
+    std::vector<VersionInfo> entries;
+    for (int i = 0; i < 10000; ++i)
+        entries.push_back(versionInfo(i));
+    VersionInfoVector vector;
+    vector.setVersionInfoVector(entries);
+    return vector;
+}
+
+Block int32Block(qint32 index, qint64 value)
+{
+    Block block;
+    block.index = index;
+    block.kind = Block::Int32;
+    block.number = value;
+    return block;
+}
+
+Block stringBlock(qint32 index, const std::string &text)
+{
+    Block block;
+    block.index = index;
+    block.kind = Block::String;
+    block.text = text;
+    return block;
+}
+
+Block nestedBlock(qint32 index, std::vector<Block> nested)
+{
+    Block block;
+    block.index = index;
+    block.kind = Block::Nested;
+    block.nested = std::move(nested);
+    return block;
+}
+
+// The blocks of a VersionInfoVector, as the floor writes them.
+std::vector<Block> versionBlocks(const VersionInfoVector &vector)
+{
+    Block entries;
+    entries.index = 1;
+    entries.kind = Block::Vector;
+    for (const VersionInfo &info : vector.getVersionInfoVector()) {
+        const ProductVersion &product = info.getProductVersion();
+        const auto interfaceBlocks = [](const InterfaceVersion &version) {
+            return std::vector<Block>{int32Block(0, 0), int32Block(1, version.getMajor()),
+                                      int32Block(2, version.getMinor())};
+        };
+        entries.items.push_back({
+            int32Block(0, 0),
+            nestedBlock(1, {int32Block(0, 0), stringBlock(1, product.getOrigin()), int32Block(2, product.getMajor()),
+                            int32Block(3, product.getMinor()), int32Block(4, product.getBugfix()),
+                            int32Block(5, product.getBuild()), stringBlock(6, product.getVersionDate()),
+                            stringBlock(7, product.getBuildDate())}),
+            nestedBlock(2, interfaceBlocks(info.getInterfaceVersion())),
+            nestedBlock(3, interfaceBlocks(info.getRequiredInterfaceVersion())),
+            int32Block(4, info.getInterfaceMatching()),
+            int32Block(5, info.getInterfaceIdentifier()),
+        });
+    }
+    return {int32Block(0, 0), entries};
+}
+
+template <typename Record>
+QByteArray encoded(const Record &record)
+{
+    QByteArray out;
+    record.serialize(out);
+    return out;
+}
+
+template <typename Record>
+void encodeRecord(benchmark::State &state, const Record &record)
+{
+    qint64 size = 0;
+    for (auto _ : state) {
+        QByteArray out;
+        record.serialize(out);
+        size = out.size();
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * size);
+}
+
+template <typename Record>
+void decodeColumnRecord(benchmark::State &state, const QByteArray &data)
+{
+    for (auto _ : state) {
+        Record record;
+        record.setIDs(0);
+        ColumnReader reader(data);
+        if (!record.readFrom(reader))
+            state.SkipWithError("did not decode");
+        benchmark::DoNotOptimize(&record);
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+
+void floorWriteFrames(benchmark::State &state, const QByteArray &data)
+{
+    const std::vector<sigdbbench::Frame> frames = sigdbbench::columnFrames(data);
+    if (sigdbbench::writeFrames(frames) != data)
+        state.SkipWithError("the floor does not write the same bytes");
+    for (auto _ : state) {
+        const QByteArray out = sigdbbench::writeFrames(frames);
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+
+void floorReadFrames(benchmark::State &state, const QByteArray &data)
+{
+    const std::vector<sigdbbench::Frame> layout = sigdbbench::columnFrames(data);
+    for (auto _ : state) {
+        std::vector<sigdbbench::Frame> frames;
+        sigdbbench::readFrames(data, layout, frames);
+        benchmark::DoNotOptimize(frames.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+
+// The four measurements of one column-stream record.
+#define SIGDB_COLUMN_CODEC_BENCHMARKS(Name, Record, make)                                       \
+    void BM_##Name##_Encode(benchmark::State &state) { encodeRecord(state, make()); }            \
+    void BM_##Name##_Decode(benchmark::State &state) { decodeColumnRecord<Record>(state, encoded(make())); } \
+    void BM_##Name##_FloorWrite(benchmark::State &state) { floorWriteFrames(state, encoded(make())); } \
+    void BM_##Name##_FloorRead(benchmark::State &state) { floorReadFrames(state, encoded(make())); } \
+    BENCHMARK(BM_##Name##_Encode)->Unit(benchmark::kMillisecond);                                \
+    BENCHMARK(BM_##Name##_FloorWrite)->Unit(benchmark::kMillisecond);                            \
+    BENCHMARK(BM_##Name##_Decode)->Unit(benchmark::kMillisecond);                                \
+    BENCHMARK(BM_##Name##_FloorRead)->Unit(benchmark::kMillisecond);
+
+SIGDB_COLUMN_CODEC_BENCHMARKS(OverviewList10k, ElementOverviewList, overviewList)
+SIGDB_COLUMN_CODEC_BENCHMARKS(DetailsList1kx200, ElementDetailsList, detailsList)
+SIGDB_COLUMN_CODEC_BENCHMARKS(QueryList100, QueryRequestList, queryList)
+
+void BM_VersionInfoVector10k_Encode(benchmark::State &state)
+{
+    encodeRecord(state, versionVector());
+}
+BENCHMARK(BM_VersionInfoVector10k_Encode)->Unit(benchmark::kMillisecond);
+
+void BM_VersionInfoVector10k_FloorWrite(benchmark::State &state)
+{
+    const VersionInfoVector vector = versionVector();
+    const std::vector<Block> blocks = versionBlocks(vector);
+    const QByteArray data = encoded(vector);
+    if (sigdbbench::writeBlocks(blocks) != data)
+        state.SkipWithError("the floor does not write the same bytes");
+    for (auto _ : state) {
+        const QByteArray out = sigdbbench::writeBlocks(blocks);
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+BENCHMARK(BM_VersionInfoVector10k_FloorWrite)->Unit(benchmark::kMillisecond);
+
+void BM_VersionInfoVector10k_Decode(benchmark::State &state)
+{
+    const QByteArray data = encoded(versionVector());
+    for (auto _ : state) {
+        VersionInfoVector vector = VersionInfoVector::deserialize(data);
+        benchmark::DoNotOptimize(&vector);
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+BENCHMARK(BM_VersionInfoVector10k_Decode)->Unit(benchmark::kMillisecond);
+
+void BM_VersionInfoVector10k_FloorRead(benchmark::State &state)
+{
+    const VersionInfoVector vector = versionVector();
+    const std::vector<Block> layout = versionBlocks(vector);
+    const QByteArray data = encoded(vector);
+    for (auto _ : state) {
+        std::vector<Block> blocks;
+        sigdbbench::readBlocks(data, layout, blocks);
+        benchmark::DoNotOptimize(blocks.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+BENCHMARK(BM_VersionInfoVector10k_FloorRead)->Unit(benchmark::kMillisecond);
+
+} // namespace
