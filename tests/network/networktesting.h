@@ -109,10 +109,11 @@ inline sigdb::CallsignTable table(std::initializer_list<sigdb::ConnectionEntry> 
 inline std::string show(const sigdb::CallsignEntry &e)
 {
     std::string shown;
+    const char *separator = "";
     for (const Text *t : {&e.firstCallsign, &e.secondCallsign, &e.thirdCallsign, &e.fourthCallsign}) {
-        if (!shown.empty())
-            shown += ",";
+        shown += separator;
         shown += t->isNull() ? std::string("<null>") : t->getData();
+        separator = ",";
     }
     return shown;
 }
