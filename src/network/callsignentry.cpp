@@ -1,5 +1,7 @@
 #include "network/callsignentry.h"
 
+#include "network/networkindex_p.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -134,10 +136,13 @@ bool CallsignEntryList::contains(const CallsignEntry &entry) const
 
 bool CallsignEntryList::compareList(const CallsignEntryList &other) const
 {
-    if (count() != other.count())
-        return false;
-    return std::all_of(m_entries.begin(), m_entries.end(),
-                       [&other](const CallsignEntry &entry) { return other.contains(entry); });
+    const auto callsignHash = [](const CallsignEntry &entry) {
+        std::size_t seed = nullableHash(entry.firstCallsign);
+        for (const base::DbDataType<std::string> *text : {&entry.secondCallsign, &entry.thirdCallsign, &entry.fourthCallsign})
+            hashCombine(seed, nullableHash(*text));
+        return seed;
+    };
+    return count() == other.count() && everyEntryFoundIn(m_entries, other.m_entries, callsignHash);
 }
 
 bool operator==(const CallsignEntryList &a, const CallsignEntryList &b)

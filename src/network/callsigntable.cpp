@@ -114,6 +114,7 @@ void CallsignTable::mergeTable(CallsignTable &edited, base::DbDataType<std::stri
     storedTids.reserve(stored.size());
     for (const ConnectionEntry &connection : stored)
         storedTids.insert(connection.TID());
+    std::vector<ConnectionEntry *> added;
     for (ConnectionEntry &connection : editedConnections) {
         if (!connection.isTIDundefined()) {
             if (!addNew || !storedTids.insert(connection.TID()).second)
@@ -121,25 +122,31 @@ void CallsignTable::mergeTable(CallsignTable &edited, base::DbDataType<std::stri
         }
         connection.modificationState = ConnectionEntry::State_New;
         connection.modificationUser() = user;
-        connections.appendEntry(connection);
+        added.push_back(&connection);
     }
+    stored.reserve(stored.size() + added.size());
+    for (const ConnectionEntry *connection : added)
+        stored.push_back(*connection);
 
     // Rebuild the sets in the merged connection order. An entry that a set lacks is taken as
     // an empty entry, and a missing entry on either side counts as a change.
-    CallsignSetList merged;
+    std::vector<CallsignSet> merged;
+    merged.reserve(edited.sets.container().size());
     const std::vector<CallsignSet> &storedSets = sets.container();
     size_t setIndex = 0;
     for (const CallsignSet &editedSet : edited.sets.container()) {
         const CallsignSet *storedSet = setIndex < storedSets.size() ? &storedSets[setIndex] : nullptr;
         ++setIndex;
-        CallsignSet rebuilt;
+        merged.emplace_back();
+        CallsignEntryList &rebuilt = merged.back().entries;
+        rebuilt.container().reserve(stored.size());
         for (ConnectionEntry &connection : stored) {
             if (connection.hasModificationState(ConnectionEntry::State_Removed)) {
-                rebuilt.entries.appendEntry(CallsignEntry());
+                rebuilt.appendEntry(CallsignEntry());
                 continue;
             }
             const CallsignEntry *editedEntry = entryOf(editedSet.entries, connection.indexInListCopy);
-            rebuilt.entries.appendEntry(editedEntry ? *editedEntry : CallsignEntry());
+            rebuilt.appendEntry(editedEntry ? *editedEntry : CallsignEntry());
             const bool unchanged = connection.hasModificationState(ConnectionEntry::State_Unchanged);
             if (!unchanged && !connection.hasModificationState(ConnectionEntry::State_ToChanged))
                 continue;
@@ -154,9 +161,8 @@ void CallsignTable::mergeTable(CallsignTable &edited, base::DbDataType<std::stri
                 connection.modificationState = ConnectionEntry::State_ToAndRestChanged;
             }
         }
-        merged.appendEntry(rebuilt);
     }
-    sets = merged;
+    sets.container().swap(merged);
 }
 
 void CallsignTable::addCallsign(base::DbDataType<std::string> &target, base::DbDataType<std::string> callsign)
