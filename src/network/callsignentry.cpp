@@ -30,10 +30,7 @@ CallsignEntry &CallsignEntry::operator=(const CallsignEntry &other)
 
 base::DbBaseType *CallsignEntry::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new CallsignEntry;
-    if (const auto *entry = dynamic_cast<const CallsignEntry *>(source))
-        *copy = *entry;
-    return copy;
+    return base::copyRecord<CallsignEntry>(source);
 }
 
 void CallsignEntry::reset()
@@ -72,46 +69,11 @@ CallsignEntryList::CallsignEntryList() = default;
 CallsignEntryList::CallsignEntryList(const CallsignEntryList &other) = default;
 CallsignEntryList::~CallsignEntryList() = default;
 
-CallsignEntryList &CallsignEntryList::operator=(const CallsignEntryList &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    EntrySequence<CallsignEntry>::operator=(other);
-    return *this;
-}
+CallsignEntryList &CallsignEntryList::operator=(const CallsignEntryList &other) = default;
 
 base::DbBaseType *CallsignEntryList::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new CallsignEntryList;
-    if (const auto *list = dynamic_cast<const CallsignEntryList *>(source))
-        *copy = *list;
-    return copy;
-}
-
-void CallsignEntryList::reset()
-{
-    clear();
-    setIteratorToStart();
-}
-
-void CallsignEntryList::serialize(QByteArray &) const
-{
-}
-
-int CallsignEntryList::setIDs(int start)
-{
-    m_startId = start;
-    int counter = start;
-    for (CallsignEntry &entry : m_entries)
-        counter = entry.setIDs(counter);
-    return counter;
-}
-
-void CallsignEntryList::setLayer(int layer)
-{
-    for (CallsignEntry &entry : m_entries)
-        entry.setLayer(layer);
+    return base::copyRecord<CallsignEntryList>(source);
 }
 
 CallsignEntry *CallsignEntryList::entryAt(int index)

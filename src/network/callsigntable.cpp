@@ -202,13 +202,8 @@ CallsignTable CallsignTable::asStar() const
                          &ConnectionEntry::fromDefinition);
     const auto gatherEnd = [&star](const ConnectionEntryDefinition &end, const EndCallsigns &callsigns,
                                    const char *countText) {
-        if (end.element.isUndefined())
+        if (end.element.isUndefined() || star.addKnownMember(end, callsigns, countText))
             return;
-        const int position = star.positionOf(end.element);
-        if (position >= 0) {
-            star.addOccurrence(position, callsigns, end.isRelay(), countText);
-            return;
-        }
         ConnectionEntry connection = memberConnection(star.nextNumber());
         connection.fromDefinition = end;
         star.addMember(end.element, connection, star.withMemberCallsigns(CallsignEntry(), callsigns));
@@ -247,11 +242,8 @@ CallsignTable CallsignTable::asHierarchical(const SigdbElement &centre) const
             addCallsign(centreSecond, *callsigns.second);
             return;
         }
-        const int position = members.positionOf(end.element);
-        if (position >= 0) {
-            members.addOccurrence(position, callsigns, end.isRelay(), countText);
+        if (members.addKnownMember(end, callsigns, countText))
             return;
-        }
         ConnectionEntry connection = memberConnection(members.nextNumber());
         connection.fromDefinition = centreEnd;
         connection.toDefinition = end;
