@@ -1,5 +1,7 @@
 #include "network/callsignentry.h"
 
+#include "network/networkindex_p.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -28,10 +30,7 @@ CallsignEntry &CallsignEntry::operator=(const CallsignEntry &other)
 
 base::DbBaseType *CallsignEntry::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new CallsignEntry;
-    if (const auto *entry = dynamic_cast<const CallsignEntry *>(source))
-        *copy = *entry;
-    return copy;
+    return base::copyRecord<CallsignEntry>(source);
 }
 
 void CallsignEntry::reset()
@@ -70,46 +69,11 @@ CallsignEntryList::CallsignEntryList() = default;
 CallsignEntryList::CallsignEntryList(const CallsignEntryList &other) = default;
 CallsignEntryList::~CallsignEntryList() = default;
 
-CallsignEntryList &CallsignEntryList::operator=(const CallsignEntryList &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    EntrySequence<CallsignEntry>::operator=(other);
-    return *this;
-}
+CallsignEntryList &CallsignEntryList::operator=(const CallsignEntryList &other) = default;
 
 base::DbBaseType *CallsignEntryList::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new CallsignEntryList;
-    if (const auto *list = dynamic_cast<const CallsignEntryList *>(source))
-        *copy = *list;
-    return copy;
-}
-
-void CallsignEntryList::reset()
-{
-    clear();
-    setIteratorToStart();
-}
-
-void CallsignEntryList::serialize(QByteArray &) const
-{
-}
-
-int CallsignEntryList::setIDs(int start)
-{
-    m_startId = start;
-    int counter = start;
-    for (CallsignEntry &entry : m_entries)
-        counter = entry.setIDs(counter);
-    return counter;
-}
-
-void CallsignEntryList::setLayer(int layer)
-{
-    for (CallsignEntry &entry : m_entries)
-        entry.setLayer(layer);
+    return base::copyRecord<CallsignEntryList>(source);
 }
 
 CallsignEntry *CallsignEntryList::entryAt(int index)
@@ -134,10 +98,13 @@ bool CallsignEntryList::contains(const CallsignEntry &entry) const
 
 bool CallsignEntryList::compareList(const CallsignEntryList &other) const
 {
-    if (count() != other.count())
-        return false;
-    return std::all_of(m_entries.begin(), m_entries.end(),
-                       [&other](const CallsignEntry &entry) { return other.contains(entry); });
+    const auto callsignHash = [](const CallsignEntry &entry) {
+        std::size_t seed = nullableHash(entry.firstCallsign);
+        for (const base::DbDataType<std::string> *text : {&entry.secondCallsign, &entry.thirdCallsign, &entry.fourthCallsign})
+            hashCombine(seed, nullableHash(*text));
+        return seed;
+    };
+    return count() == other.count() && everyEntryFoundIn(m_entries, other.m_entries, callsignHash);
 }
 
 bool operator==(const CallsignEntryList &a, const CallsignEntryList &b)

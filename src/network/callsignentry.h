@@ -5,7 +5,7 @@
 
 #include "base/dbbasetype.h"
 #include "base/dbdatatype.h"
-#include "core/entrysequence.h"
+#include "network/chainedlist.h"
 
 #include <string>
 
@@ -45,25 +45,17 @@ SIGDBREF_EXPORT bool operator==(const CallsignEntry &a, const CallsignEntry &b);
 SIGDBREF_EXPORT bool operator!=(const CallsignEntry &a, const CallsignEntry &b);
 
 /// The callsign entries of one set, one per connection of the table.
-class SIGDBREF_EXPORT CallsignEntryList : public base::DbBaseType, public EntrySequence<CallsignEntry>
+class SIGDBREF_EXPORT CallsignEntryList : public ChainedList<CallsignEntry>
 {
 public:
     CallsignEntryList();
     CallsignEntryList(const CallsignEntryList &other);
     CallsignEntryList(CallsignEntryList &&other) = default;
     ~CallsignEntryList() override;
-    using base::DbBaseType::operator=;
+    using ChainedList<CallsignEntry>::operator=;
     CallsignEntryList &operator=(const CallsignEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
-    /// Empties the list.
-    void reset() override;
-    void serialize(QByteArray &out) const override;
-    /// Numbers the entries one after the other from \a start; returns the last id given
-    /// (\a start for an empty list).
-    int setIDs(int start);
-    /// Sets the layer of every entry.
-    void setLayer(int layer) override;
 
     /// Entry \a index, null when \a index is not less than count(). A negative index is a
     /// programming error and throws std::out_of_range.

@@ -19,10 +19,7 @@ CallsignSet &CallsignSet::operator=(const CallsignSet &other)
 
 base::DbBaseType *CallsignSet::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new CallsignSet;
-    if (const auto *set = dynamic_cast<const CallsignSet *>(source))
-        *copy = *set;
-    return copy;
+    return base::copyRecord<CallsignSet>(source);
 }
 
 void CallsignSet::reset()
@@ -57,40 +54,11 @@ CallsignSetList::CallsignSetList() = default;
 CallsignSetList::CallsignSetList(const CallsignSetList &other) = default;
 CallsignSetList::~CallsignSetList() = default;
 
-CallsignSetList &CallsignSetList::operator=(const CallsignSetList &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    EntrySequence<CallsignSet>::operator=(other);
-    return *this;
-}
+CallsignSetList &CallsignSetList::operator=(const CallsignSetList &other) = default;
 
 base::DbBaseType *CallsignSetList::getCopy(const base::DbBaseType *source)
 {
-    auto *copy = new CallsignSetList;
-    if (const auto *list = dynamic_cast<const CallsignSetList *>(source))
-        *copy = *list;
-    return copy;
-}
-
-void CallsignSetList::reset()
-{
-    clear();
-    setIteratorToStart();
-}
-
-void CallsignSetList::serialize(QByteArray &) const
-{
-}
-
-int CallsignSetList::setIDs(int start)
-{
-    m_startId = start;
-    int counter = start;
-    for (CallsignSet &set : m_entries)
-        counter = set.setIDs(counter);
-    return counter;
+    return base::copyRecord<CallsignSetList>(source);
 }
 
 void CallsignSetList::setLayer(int layer)

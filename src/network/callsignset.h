@@ -37,21 +37,17 @@ SIGDBREF_EXPORT bool operator==(const CallsignSet &a, const CallsignSet &b);
 SIGDBREF_EXPORT bool operator!=(const CallsignSet &a, const CallsignSet &b);
 
 /// The callsign sets of one table.
-class SIGDBREF_EXPORT CallsignSetList : public base::DbBaseType, public EntrySequence<CallsignSet>
+class SIGDBREF_EXPORT CallsignSetList : public ChainedList<CallsignSet>
 {
 public:
     CallsignSetList();
     CallsignSetList(const CallsignSetList &other);
     CallsignSetList(CallsignSetList &&other) = default;
     ~CallsignSetList() override;
-    using base::DbBaseType::operator=;
+    using ChainedList<CallsignSet>::operator=;
     CallsignSetList &operator=(const CallsignSetList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
-    void reset() override;
-    void serialize(QByteArray &out) const override;
-    /// Numbers the sets one after the other from \a start; returns the last id given.
-    int setIDs(int start);
     /// Sets the layer of every entry of every set (the sets keep their own layers).
     void setLayer(int layer) override;
 

@@ -114,6 +114,7 @@ void CallsignTable::mergeTable(CallsignTable &edited, base::DbDataType<std::stri
     storedTids.reserve(stored.size());
     for (const ConnectionEntry &connection : stored)
         storedTids.insert(connection.TID());
+    std::vector<ConnectionEntry *> added;
     for (ConnectionEntry &connection : editedConnections) {
         if (!connection.isTIDundefined()) {
             if (!addNew || !storedTids.insert(connection.TID()).second)
@@ -121,25 +122,31 @@ void CallsignTable::mergeTable(CallsignTable &edited, base::DbDataType<std::stri
         }
         connection.modificationState = ConnectionEntry::State_New;
         connection.modificationUser() = user;
-        connections.appendEntry(connection);
+        added.push_back(&connection);
     }
+    stored.reserve(stored.size() + added.size());
+    for (const ConnectionEntry *connection : added)
+        stored.push_back(*connection);
 
     // Rebuild the sets in the merged connection order. An entry that a set lacks is taken as
     // an empty entry, and a missing entry on either side counts as a change.
-    CallsignSetList merged;
+    std::vector<CallsignSet> merged;
+    merged.reserve(edited.sets.container().size());
     const std::vector<CallsignSet> &storedSets = sets.container();
     size_t setIndex = 0;
     for (const CallsignSet &editedSet : edited.sets.container()) {
         const CallsignSet *storedSet = setIndex < storedSets.size() ? &storedSets[setIndex] : nullptr;
         ++setIndex;
-        CallsignSet rebuilt;
+        merged.emplace_back();
+        CallsignEntryList &rebuilt = merged.back().entries;
+        rebuilt.container().reserve(stored.size());
         for (ConnectionEntry &connection : stored) {
             if (connection.hasModificationState(ConnectionEntry::State_Removed)) {
-                rebuilt.entries.appendEntry(CallsignEntry());
+                rebuilt.appendEntry(CallsignEntry());
                 continue;
             }
             const CallsignEntry *editedEntry = entryOf(editedSet.entries, connection.indexInListCopy);
-            rebuilt.entries.appendEntry(editedEntry ? *editedEntry : CallsignEntry());
+            rebuilt.appendEntry(editedEntry ? *editedEntry : CallsignEntry());
             const bool unchanged = connection.hasModificationState(ConnectionEntry::State_Unchanged);
             if (!unchanged && !connection.hasModificationState(ConnectionEntry::State_ToChanged))
                 continue;
@@ -154,9 +161,8 @@ void CallsignTable::mergeTable(CallsignTable &edited, base::DbDataType<std::stri
                 connection.modificationState = ConnectionEntry::State_ToAndRestChanged;
             }
         }
-        merged.appendEntry(rebuilt);
     }
-    sets = merged;
+    sets.container().swap(merged);
 }
 
 void CallsignTable::addCallsign(base::DbDataType<std::string> &target, base::DbDataType<std::string> callsign)
@@ -196,13 +202,8 @@ CallsignTable CallsignTable::asStar() const
                          &ConnectionEntry::fromDefinition);
     const auto gatherEnd = [&star](const ConnectionEntryDefinition &end, const EndCallsigns &callsigns,
                                    const char *countText) {
-        if (end.element.isUndefined())
+        if (end.element.isUndefined() || star.addKnownMember(end, callsigns, countText))
             return;
-        const int position = star.positionOf(end.element);
-        if (position >= 0) {
-            star.addOccurrence(position, callsigns, end.isRelay(), countText);
-            return;
-        }
         ConnectionEntry connection = memberConnection(star.nextNumber());
         connection.fromDefinition = end;
         star.addMember(end.element, connection, star.withMemberCallsigns(CallsignEntry(), callsigns));
@@ -241,11 +242,8 @@ CallsignTable CallsignTable::asHierarchical(const SigdbElement &centre) const
             addCallsign(centreSecond, *callsigns.second);
             return;
         }
-        const int position = members.positionOf(end.element);
-        if (position >= 0) {
-            members.addOccurrence(position, callsigns, end.isRelay(), countText);
+        if (members.addKnownMember(end, callsigns, countText))
             return;
-        }
         ConnectionEntry connection = memberConnection(members.nextNumber());
         connection.fromDefinition = centreEnd;
         connection.toDefinition = end;

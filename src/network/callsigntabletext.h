@@ -54,8 +54,8 @@ class SigdbElement;
 /// and are read back as NULL.
 ///
 /// Reading never trusts the text: a record whose text has the wrong number of parts is left
-/// out, a value that does not read stays NULL (an element reference that does not read leaves
-/// the element undefined), and the reader reports false; everything readable is rebuilt.
+/// out, a value that does not read stays NULL (of an element reference only the numbers that
+/// read are set), and the reader reports false; everything readable is rebuilt.
 class SIGDBREF_EXPORT CallsignTableText
 {
 public:
@@ -78,7 +78,8 @@ public:
     /// "type:TID:layer" of \a element.
     static QString writeElementReference(const SigdbElement &element);
     /// Resets \a element and sets type, TID and layer from \a text; false when \a text is not
-    /// three unsigned decimal numbers (the TID may be empty for NULL).
+    /// three unsigned decimal numbers (the TID may be empty for NULL), in which case the
+    /// numbers that did read are set.
     static bool readElementReference(const QString &text, SigdbElement &element);
 };
 

@@ -189,43 +189,11 @@ ConnectionEntryList::ConnectionEntryList() = default;
 ConnectionEntryList::ConnectionEntryList(const ConnectionEntryList &other) = default;
 ConnectionEntryList::~ConnectionEntryList() = default;
 
-ConnectionEntryList &ConnectionEntryList::operator=(const ConnectionEntryList &other)
-{
-    if (this == &other)
-        return *this;
-    base::DbBaseType::operator=(other);
-    EntrySequence<ConnectionEntry>::operator=(other);
-    return *this;
-}
+ConnectionEntryList &ConnectionEntryList::operator=(const ConnectionEntryList &other) = default;
 
 base::DbBaseType *ConnectionEntryList::getCopy(const base::DbBaseType *source)
 {
     return base::copyRecord<ConnectionEntryList>(source);
-}
-
-void ConnectionEntryList::reset()
-{
-    clear();
-    setIteratorToStart();
-}
-
-void ConnectionEntryList::serialize(QByteArray &) const
-{
-}
-
-int ConnectionEntryList::setIDs(int start)
-{
-    m_startId = start;
-    int counter = start;
-    for (ConnectionEntry &entry : m_entries)
-        counter = entry.setIDs(counter);
-    return counter;
-}
-
-void ConnectionEntryList::setLayer(int layer)
-{
-    for (ConnectionEntry &entry : m_entries)
-        entry.setLayer(layer);
 }
 
 ConnectionEntry ConnectionEntryList::entryAt(int index) const

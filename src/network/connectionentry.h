@@ -5,8 +5,8 @@
 
 #include "base/dbdatatype.h"
 #include "core/elementbase.h"
-#include "core/entrysequence.h"
 #include "element/elementoverview.h"
+#include "network/chainedlist.h"
 #include "network/connectionentrydefinition.h"
 
 namespace sigdb {
@@ -105,25 +105,16 @@ SIGDBREF_EXPORT bool operator==(const ConnectionEntry &a, const ConnectionEntry 
 SIGDBREF_EXPORT bool operator!=(const ConnectionEntry &a, const ConnectionEntry &b);
 
 /// The connections of one callsign table, in table order.
-class SIGDBREF_EXPORT ConnectionEntryList : public base::DbBaseType,
-                                           public EntrySequence<ConnectionEntry>
+class SIGDBREF_EXPORT ConnectionEntryList : public ChainedList<ConnectionEntry>
 {
 public:
     ConnectionEntryList();
     ConnectionEntryList(const ConnectionEntryList &other);
     ~ConnectionEntryList() override;
-    using base::DbBaseType::operator=;
+    using ChainedList<ConnectionEntry>::operator=;
     ConnectionEntryList &operator=(const ConnectionEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
-    /// Empties the list.
-    void reset() override;
-    void serialize(QByteArray &out) const override;
-    /// Numbers the connections one after the other from \a start; returns the last id given
-    /// (\a start for an empty list).
-    int setIDs(int start);
-    /// Sets the layer of every connection (and of its ends).
-    void setLayer(int layer) override;
 
     /// A copy of connection \a index; a reset connection when there is none.
     ConnectionEntry entryAt(int index) const;

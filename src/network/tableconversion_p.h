@@ -143,6 +143,17 @@ public:
                 (connection->*m_memberEnd).relay = true;
     }
 
+    /// An end whose element was met before counts as one more occurrence of that member
+    /// (addOccurrence()); returns false for an element not met before.
+    bool addKnownMember(const ConnectionEntryDefinition &end, const EndCallsigns &callsigns, const char *countText)
+    {
+        const int position = positionOf(end.element);
+        if (position < 0)
+            return false;
+        addOccurrence(position, callsigns, end.isRelay(), countText);
+        return true;
+    }
+
     /// Gives every member entry the centre's gathered callsigns as first and second callsign.
     /// An entry without a connection, or whose connection names no member, is reported and
     /// emptied (empty texts, not NULL).

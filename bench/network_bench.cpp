@@ -1,0 +1,191 @@
+// Callsign tables of networks with 1,000 to 100,000 connections: the merge of an edited table,
+// the star and the hierarchical conversion, and the text form in which tables travel.
+
+#include "network/callsigntable.h"
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+namespace {
+
+using sigdb::CallsignEntry;
+using sigdb::CallsignSet;
+using sigdb::CallsignTable;
+using sigdb::ConnectionEntry;
+using sigdb::ConnectionEntryDefinition;
+using sigdb::SigdbElement;
+
+/// Members of a network of \a connections connections: about one member per two connections,
+/// so that every member occurs at several ends.
+int memberCount(int connections)
+{
+    return connections / 2 + 2;
+}
+
+ConnectionEntryDefinition memberEnd(int member)
+{
+    ConnectionEntryDefinition end;
+    end.element.setType(member == 0 ? 4 : 5);
+    end.element.setTID(static_cast<unsigned long long>(1000000 + member));
+    end.overview.element = end.element;
+    end.overview.keyText1 = "member " + std::to_string(member);
+    end.firstText = std::string("radio");
+    if (member == 0)
+        end.rcs = true;
+    if (member % 11 == 3)
+        end.relay = true;
+    return end;
+}
+
+std::string callsignOf(int member, int kind)
+{
+    return std::string(kind == 0 ? "CS" : "AL") + std::to_string(member);
+}
+
+/// A stored network: connection i joins two members (every fifth one the centre, member 0);
+/// each member uses the same callsigns at all its ends, as real networks do. Two sets.
+CallsignTable network(int connections)
+{
+    const int members = memberCount(connections);
+    CallsignTable table;
+    table.overview.keyText1 = std::string("network");
+    table.overview.networkTypeWord = 1;
+    std::vector<ConnectionEntry> &list = table.connections.container();
+    list.reserve(static_cast<size_t>(connections));
+    CallsignSet first;
+    CallsignSet second;
+    for (int i = 0; i < connections; ++i) {
+        const int from = i % 5 == 0 ? 0 : 1 + (i * 7) % (members - 1);
+        const int to = 1 + (i * 13 + 5) % (members - 1);
+        ConnectionEntry connection;
+        connection.setTID(static_cast<unsigned long long>(i + 1));
+        connection.fromDefinition = memberEnd(from);
+        connection.toDefinition = memberEnd(to);
+        connection.secondNumber = i;
+        connection.modificationUser() = std::string("loader");
+        list.push_back(connection);
+        CallsignEntry entry;
+        entry.firstCallsign = callsignOf(from, 0);
+        entry.secondCallsign = callsignOf(from, 1);
+        entry.thirdCallsign = callsignOf(to, 0);
+        entry.fourthCallsign = callsignOf(to, 1);
+        first.entries.appendEntry(entry);
+        entry.firstCallsign = callsignOf(from, 0) + "B";
+        second.entries.appendEntry(entry);
+    }
+    table.sets.appendEntry(first);
+    table.sets.appendEntry(second);
+    return table;
+}
+
+/// The stored network as a user edited it: in reverse order, every tenth to end moved, every
+/// seventh callsign changed, every hundredth connection removed and one in fifty added new.
+CallsignTable edited(const CallsignTable &stored)
+{
+    const int members = memberCount(stored.connections.count());
+    CallsignTable table;
+    table.overview = stored.overview;
+    CallsignSet first;
+    CallsignSet second;
+    const std::vector<ConnectionEntry> &source = stored.connections.container();
+    for (int i = static_cast<int>(source.size()) - 1; i >= 0; --i) {
+        if (i % 100 == 42)
+            continue;
+        ConnectionEntry connection = source[static_cast<size_t>(i)];
+        if (i % 10 == 0)
+            connection.toDefinition = memberEnd(1 + (i * 3) % (members - 1));
+        table.connections.appendEntry(connection);
+        CallsignEntry entry = stored.sets.container()[0].entries.container()[static_cast<size_t>(i)];
+        if (i % 7 == 0)
+            entry.fourthCallsign = std::string("changed");
+        first.entries.appendEntry(entry);
+        second.entries.appendEntry(stored.sets.container()[1].entries.container()[static_cast<size_t>(i)]);
+        if (i % 50 == 0) {
+            ConnectionEntry added;
+            added.fromDefinition = memberEnd(0);
+            added.toDefinition = memberEnd(1 + i % (members - 1));
+            table.connections.appendEntry(added);
+            first.entries.appendEntry(entry);
+            second.entries.appendEntry(entry);
+        }
+    }
+    table.sets.appendEntry(first);
+    table.sets.appendEntry(second);
+    return table;
+}
+
+void setConnections(benchmark::State &state)
+{
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.counters["connections"] = static_cast<double>(state.range(0));
+}
+
+void BM_MergeTable(benchmark::State &state)
+{
+    const CallsignTable stored = network(static_cast<int>(state.range(0)));
+    const CallsignTable edit = edited(stored);
+    for (auto _ : state) {
+        state.PauseTiming();
+        CallsignTable target = stored;
+        CallsignTable changes = edit;
+        state.ResumeTiming();
+        target.mergeTable(changes, std::string("editor"), true);
+        benchmark::DoNotOptimize(target.connections.count());
+    }
+    setConnections(state);
+}
+BENCHMARK(BM_MergeTable)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void BM_AsStar(benchmark::State &state)
+{
+    const CallsignTable stored = network(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        const CallsignTable star = stored.asStar();
+        benchmark::DoNotOptimize(star.connections.count());
+    }
+    setConnections(state);
+}
+BENCHMARK(BM_AsStar)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void BM_AsHierarchical(benchmark::State &state)
+{
+    const CallsignTable stored = network(static_cast<int>(state.range(0)));
+    const SigdbElement centre = memberEnd(0).element;
+    // Every run prints one line on the diagnostic output (standard output); filter it out of
+    // the report, e.g. with grep -v "AS HIERARCHICAL".
+    for (auto _ : state) {
+        const CallsignTable hierarchy = stored.asHierarchical(centre);
+        benchmark::DoNotOptimize(hierarchy.connections.count());
+    }
+    setConnections(state);
+}
+BENCHMARK(BM_AsHierarchical)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void BM_TextWrite(benchmark::State &state)
+{
+    const CallsignTable stored = network(static_cast<int>(state.range(0)));
+    qint64 size = 0;
+    for (auto _ : state) {
+        const QByteArray text = stored.toUtf8Text();
+        size = text.size();
+        benchmark::DoNotOptimize(text.data());
+    }
+    state.SetBytesProcessed(state.iterations() * size);
+    setConnections(state);
+}
+BENCHMARK(BM_TextWrite)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void BM_TextRead(benchmark::State &state)
+{
+    const QByteArray text = network(static_cast<int>(state.range(0))).toUtf8Text();
+    for (auto _ : state) {
+        CallsignTable table;
+        benchmark::DoNotOptimize(table.fromUtf8Text(text));
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    setConnections(state);
+}
+BENCHMARK(BM_TextRead)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+} // namespace
