@@ -32,6 +32,7 @@ public:
 
     PlotEntry();
     PlotEntry(const PlotEntry &other);
+    PlotEntry(PlotEntry &&other) = default;
     ~PlotEntry() override;
     using base::DbBaseType::operator=;
     PlotEntry &operator=(const PlotEntry &other);
@@ -75,6 +76,7 @@ public:
 
     PlotEntryList();
     PlotEntryList(const PlotEntryList &other);
+    PlotEntryList(PlotEntryList &&other) = default;
     ~PlotEntryList() override;
     using base::DbBaseType::operator=;
     PlotEntryList &operator=(const PlotEntryList &other);

@@ -25,6 +25,7 @@ public:
 
     ReferenceDocument();
     ReferenceDocument(const ReferenceDocument &other);
+    ReferenceDocument(ReferenceDocument &&other) = default;
     ~ReferenceDocument() override;
     using base::DbBaseType::operator=;
     ReferenceDocument &operator=(const ReferenceDocument &other);
@@ -63,6 +64,7 @@ public:
 
     ReferenceDocumentList();
     ReferenceDocumentList(const ReferenceDocumentList &other);
+    ReferenceDocumentList(ReferenceDocumentList &&other) = default;
     ~ReferenceDocumentList() override;
     using base::DbBaseType::operator=;
     ReferenceDocumentList &operator=(const ReferenceDocumentList &other);

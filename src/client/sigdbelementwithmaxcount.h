@@ -23,6 +23,7 @@ public:
     /// The identity of \a element with default paging.
     explicit SigdbElementWithMaxCount(const SigdbElement &element);
     SigdbElementWithMaxCount(const SigdbElementWithMaxCount &other);
+    SigdbElementWithMaxCount(SigdbElementWithMaxCount &&other) = default;
     ~SigdbElementWithMaxCount() override;
 
     using SigdbElement::operator=;

@@ -24,6 +24,7 @@ public:
 
     ElementDetailsList();
     ElementDetailsList(const ElementDetailsList &other);
+    ElementDetailsList(ElementDetailsList &&other) = default;
     ~ElementDetailsList() override;
     using base::DbBaseType::operator=;
     ElementDetailsList &operator=(const ElementDetailsList &other);

@@ -36,6 +36,7 @@ public:
     /// An undefined link: both ends default, action type 0, no order number, not existing.
     LinkAction();
     LinkAction(const LinkAction &other);
+    LinkAction(LinkAction &&other) = default;
     ~LinkAction() override;
 
     using SigdbElement::operator=;

@@ -28,6 +28,7 @@ public:
     /// Two undefined links, no modification user.
     LinkChangeDefinition();
     LinkChangeDefinition(const LinkChangeDefinition &other);
+    LinkChangeDefinition(LinkChangeDefinition &&other) = default;
     ~LinkChangeDefinition() override;
     using base::DbBaseType::operator=;
     LinkChangeDefinition &operator=(const LinkChangeDefinition &other);
@@ -84,6 +85,7 @@ class SIGDBREF_EXPORT LinkChangeDefinitionList
 public:
     LinkChangeDefinitionList();
     LinkChangeDefinitionList(const LinkChangeDefinitionList &other);
+    LinkChangeDefinitionList(LinkChangeDefinitionList &&other) = default;
     ~LinkChangeDefinitionList() override;
     using base::DbBaseType::operator=;
     LinkChangeDefinitionList &operator=(const LinkChangeDefinitionList &other);

@@ -15,6 +15,7 @@ class SIGDBREF_EXPORT LinkDefinitionList : public LinkEntryList<LinkDefinitionLi
 public:
     LinkDefinitionList();
     LinkDefinitionList(const LinkDefinitionList &other);
+    LinkDefinitionList(LinkDefinitionList &&other) = default;
     ~LinkDefinitionList() override;
     using base::DbBaseType::operator=;
     LinkDefinitionList &operator=(const LinkDefinitionList &other);

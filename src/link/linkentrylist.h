@@ -63,6 +63,7 @@ public:
 protected:
     LinkEntryList() = default;
     LinkEntryList(const LinkEntryList &other) = default;
+    LinkEntryList(LinkEntryList &&other) = default;
     LinkEntryList &operator=(const LinkEntryList &other) = default;
     ~LinkEntryList() override = default;
 };

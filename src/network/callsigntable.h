@@ -31,6 +31,7 @@ class SIGDBREF_EXPORT CallsignTable : public base::DbBaseType
 public:
     CallsignTable();
     CallsignTable(const CallsignTable &other);
+    CallsignTable(CallsignTable &&other) = default;
     ~CallsignTable() override;
     using base::DbBaseType::operator=;
     CallsignTable &operator=(const CallsignTable &other);

@@ -47,6 +47,7 @@ public:
 protected:
     ChainedList() = default;
     ChainedList(const ChainedList &other) = default;
+    ChainedList(ChainedList &&other) = default;
     ChainedList &operator=(const ChainedList &other) = default;
     ~ChainedList() override = default;
 };

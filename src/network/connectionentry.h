@@ -39,6 +39,7 @@ public:
     /// A connection in its reset state.
     ConnectionEntry();
     ConnectionEntry(const ConnectionEntry &other);
+    ConnectionEntry(ConnectionEntry &&other) = default;
     /// A connection with the identity, dates and user of \a element, its own fields as after
     /// reset().
     explicit ConnectionEntry(const SigdbElement &element);
@@ -110,6 +111,7 @@ class SIGDBREF_EXPORT ConnectionEntryList : public ChainedList<ConnectionEntry>
 public:
     ConnectionEntryList();
     ConnectionEntryList(const ConnectionEntryList &other);
+    ConnectionEntryList(ConnectionEntryList &&other) = default;
     ~ConnectionEntryList() override;
     using ChainedList<ConnectionEntry>::operator=;
     ConnectionEntryList &operator=(const ConnectionEntryList &other);

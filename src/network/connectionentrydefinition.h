@@ -20,6 +20,7 @@ class SIGDBREF_EXPORT ConnectionEntryDefinition : public base::DbBaseType
 public:
     ConnectionEntryDefinition();
     ConnectionEntryDefinition(const ConnectionEntryDefinition &other);
+    ConnectionEntryDefinition(ConnectionEntryDefinition &&other) = default;
     ~ConnectionEntryDefinition() override;
     using base::DbBaseType::operator=;
     ConnectionEntryDefinition &operator=(const ConnectionEntryDefinition &other);

@@ -28,6 +28,7 @@ class SIGDBREF_EXPORT QueryRequest : public base::DbBaseType
 public:
     QueryRequest();
     QueryRequest(const QueryRequest &other);
+    QueryRequest(QueryRequest &&other) = default;
     ~QueryRequest() override;
     using base::DbBaseType::operator=;
     QueryRequest &operator=(const QueryRequest &other);
@@ -104,6 +105,7 @@ public:
 
     QueryRequestList();
     QueryRequestList(const QueryRequestList &other);
+    QueryRequestList(QueryRequestList &&other) = default;
     ~QueryRequestList() override;
     using base::DbBaseType::operator=;
     QueryRequestList &operator=(const QueryRequestList &other);
