@@ -3,9 +3,12 @@
 
 #include "network/callsigntable.h"
 
+#include <QStringList>
+
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -187,5 +190,156 @@ void BM_TextRead(benchmark::State &state)
     setConnections(state);
 }
 BENCHMARK(BM_TextRead)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+// The floor of the text form: the same text split into its levels and joined again with bare
+// QString calls, escapes included, but with no record behind it (every value stays a string).
+struct TextTree
+{
+    QString leaf;
+    std::vector<TextTree> parts;
+};
+
+const QString kFfd = QString(QChar(0xFFFD));
+
+QString unescaped(const QString &part, const QString &separator)
+{
+    if (!part.contains(QLatin1Char('/')))
+        return part;
+    QString text = part;
+    return text.replace(QLatin1Char('/') + separator, separator);
+}
+
+QString escaped(const QString &part, const QString &separator)
+{
+    QString text = part;
+    return text.replace(separator, QLatin1Char('/') + separator);
+}
+
+// Splits \a text at the level of \a separator; \a below splits each part further (or not).
+template <typename Below>
+TextTree splitLevel(const QString &text, const QString &separator, Below below)
+{
+    TextTree tree;
+    const QStringList parts = text.split(QLatin1Char('#') + separator, Qt::KeepEmptyParts);
+    tree.parts.reserve(static_cast<size_t>(parts.size()));
+    for (const QString &part : parts)
+        tree.parts.push_back(below(unescaped(part, separator)));
+    return tree;
+}
+
+TextTree leaf(const QString &text)
+{
+    TextTree tree;
+    tree.leaf = text;
+    return tree;
+}
+
+TextTree splitTable(const QString &text)
+{
+    const QString percent(QStringLiteral("%")), dollar(QStringLiteral("$")), bar(QStringLiteral("|")),
+        tilde(QStringLiteral("~"));
+    const auto values = [&](const QString &separator) {
+        return [separator](const QString &part) { return splitLevel(part, separator, leaf); };
+    };
+    // Element references split at ":" and overview texts at "~", as the reader takes them.
+    const auto reference = [](const QString &part) {
+        TextTree tree;
+        for (const QString &number : part.split(QLatin1Char(':'), Qt::KeepEmptyParts))
+            tree.parts.push_back(leaf(number));
+        return tree;
+    };
+    const auto overview = [&](const QString &part) {
+        TextTree tree = splitLevel(part, tilde, leaf);
+        for (size_t i = 0; i < 2 && i < tree.parts.size(); ++i)
+            tree.parts[i].parts = reference(tree.parts[i].leaf).parts;
+        return tree;
+    };
+    TextTree table;
+    const QStringList parts = text.split(QStringLiteral("#%"), Qt::KeepEmptyParts);
+    table.parts.push_back(splitLevel(unescaped(parts.value(0), percent), dollar, [&](const QString &connection) {
+        TextTree tree = splitLevel(connection, bar, leaf);
+        for (size_t i : {2, 5}) {
+            if (i < tree.parts.size())
+                tree.parts[i].parts = reference(tree.parts[i].leaf).parts;
+        }
+        for (size_t i : {18, 19}) {
+            if (i < tree.parts.size())
+                tree.parts[i].parts = overview(tree.parts[i].leaf).parts;
+        }
+        return tree;
+    }));
+    table.parts.push_back(splitLevel(unescaped(parts.value(1), percent), dollar, [&](const QString &set) {
+        TextTree tree = splitLevel(set, kFfd, leaf);
+        if (tree.parts.size() == 3)
+            tree.parts[2] = splitLevel(tree.parts[2].leaf, tilde, values(bar));
+        return tree;
+    }));
+    table.parts.push_back(overview(unescaped(parts.value(2), percent)));
+    return table;
+}
+
+// Joins a tree again; \a separators gives the separator of each level, outermost first, and
+// the set level's third part goes two levels deeper with its own separators.
+QString joinTable(const TextTree &table)
+{
+    const auto join = [](const std::vector<QString> &parts, const QString &separator) {
+        QString text;
+        for (size_t i = 0; i < parts.size(); ++i) {
+            if (i)
+                text += QLatin1Char('#') + separator;
+            text += escaped(parts[i], separator);
+        }
+        return text;
+    };
+    const auto leaves = [&](const TextTree &tree, const QString &separator) {
+        std::vector<QString> parts;
+        parts.reserve(tree.parts.size());
+        for (const TextTree &part : tree.parts)
+            parts.push_back(part.leaf);
+        return join(parts, separator);
+    };
+    std::vector<QString> connections;
+    for (const TextTree &connection : table.parts[0].parts)
+        connections.push_back(leaves(connection, QStringLiteral("|")));
+    std::vector<QString> sets;
+    for (const TextTree &set : table.parts[1].parts) {
+        std::vector<QString> entries;
+        if (set.parts.size() == 3) {
+            for (const TextTree &entry : set.parts[2].parts)
+                entries.push_back(leaves(entry, QStringLiteral("|")));
+        }
+        sets.push_back(join({set.parts[0].leaf, set.parts[1].leaf, join(entries, QStringLiteral("~"))}, kFfd));
+    }
+    return join({join(connections, QStringLiteral("$")), join(sets, QStringLiteral("$")),
+                 leaves(table.parts[2], QStringLiteral("~"))},
+                QStringLiteral("%"));
+}
+
+void BM_TextFloorWrite(benchmark::State &state)
+{
+    const QByteArray text = network(static_cast<int>(state.range(0))).toUtf8Text();
+    const TextTree tree = splitTable(QString::fromUtf8(text));
+    if (joinTable(tree).toUtf8() != text)
+        state.SkipWithError("the floor does not write the same text");
+    for (auto _ : state) {
+        const QByteArray out = joinTable(tree).toUtf8();
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    setConnections(state);
+}
+BENCHMARK(BM_TextFloorWrite)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void BM_TextFloorRead(benchmark::State &state)
+{
+    const QByteArray text = network(static_cast<int>(state.range(0))).toUtf8Text();
+    for (auto _ : state) {
+        const TextTree tree = splitTable(QString::fromUtf8(text));
+        benchmark::DoNotOptimize(&tree);
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    setConnections(state);
+}
+BENCHMARK(BM_TextFloorRead)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -2,6 +2,7 @@
 #define SIGDB_CORE_ENTRYSEQUENCE_H
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace sigdb {
@@ -18,6 +19,7 @@ class EntrySequence
 public:
     /// Appends a copy at the end.
     void appendEntry(const Entry &entry) { m_entries.push_back(entry); }
+    void appendEntry(Entry &&entry) { m_entries.push_back(std::move(entry)); }
     /// Inserts a copy before the first entry.
     void prependEntry(const Entry &entry) { m_entries.insert(m_entries.begin(), entry); }
     /// Destroys all entries.

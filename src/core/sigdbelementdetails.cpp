@@ -131,6 +131,8 @@ bool SigdbElementDetails::readNested(ColumnReader &reader)
     // Column texts carry id 0, so one would read as NULL from an exhausted stream: every text
     // needs a frame that is really there.
     std::vector<base::DbDataType<std::string>> texts;
+    // Every text takes a frame of at least four bytes: reserve no more than the bytes can hold.
+    texts.reserve(static_cast<size_t>(std::max<qint64>(0, std::min<qint64>(count, reader.bytesLeft() / 4))));
     for (qint16 i = 0; i < count; ++i) {
         base::DbDataType<std::string> text;
         if (reader.atEnd() || !reader.readUntagged(text))

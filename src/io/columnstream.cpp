@@ -150,6 +150,7 @@ void ColumnWriter::writeText(int tag, const std::string &text)
 
 ColumnReader::ColumnReader(const QByteArray &source)
     : m_stream(source)
+    , m_size(source.size())
 {
     m_stream.setVersion(kStreamVersion);
 }
@@ -161,7 +162,7 @@ qint64 ColumnReader::offset() const
 
 qint64 ColumnReader::bytesLeft() const
 {
-    return m_stream.device()->bytesAvailable();
+    return m_size - m_stream.device()->pos();
 }
 
 void ColumnReader::readHeader(qint16 &tag, qint16 &size)

@@ -152,6 +152,7 @@ private:
     bool readCString(std::string &text);
 
     QDataStream m_stream;
+    qint64 m_size;
     int m_depth = 0;
 };
 

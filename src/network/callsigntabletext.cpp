@@ -32,8 +32,11 @@ public:
         for (int i = 0; i < parts.size(); ++i) {
             if (i > 0)
                 joined += m_join;
-            QString part = parts.at(i);
-            joined += part.replace(m_separator, m_escaped);
+            const QString &part = parts.at(i);
+            if (part.contains(m_separator))
+                joined += QString(part).replace(m_separator, m_escaped);
+            else
+                joined += part;
         }
         return joined;
     }
@@ -41,8 +44,11 @@ public:
     QStringList split(const QString &text) const
     {
         QStringList parts = text.split(m_join, Qt::KeepEmptyParts);
-        for (QString &part : parts)
-            part.replace(m_escaped, m_separatorText);
+        // Most parts hold no escape at all; looking for the slash is far cheaper than a replace.
+        for (QString &part : parts) {
+            if (part.contains(QLatin1Char('/')))
+                part.replace(m_escaped, m_separatorText);
+        }
         return parts;
     }
 
@@ -375,7 +381,7 @@ bool readValue(const QString &text, EntrySequence<Entry> &list)
         const ReadResult result = readRecord(part, entry);
         allRead = allRead && result == ReadResult::Ok;
         if (result != ReadResult::WrongShape)
-            list.appendEntry(entry);
+            list.appendEntry(std::move(entry));
     }
     return allRead;
 }
@@ -400,6 +406,13 @@ QByteArray CallsignTableText::writeUtf8(const CallsignTable &table)
 
 bool CallsignTableText::readUtf8(const QByteArray &text, CallsignTable &table)
 {
+    // Most elements belong to no network, so their details carry the text of an empty table;
+    // it reads back as a reset table without being taken apart.
+    static const QByteArray emptyTable = writeUtf8(CallsignTable());
+    if (text == emptyTable) {
+        table.reset();
+        return true;
+    }
     return read(QString::fromUtf8(text), table);
 }
 

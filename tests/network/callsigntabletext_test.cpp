@@ -424,3 +424,17 @@ TEST(CallsignTableText, EveryTruncationIsSafe)
         read.fromUtf8Text(bytes.left(length));
     }
 }
+
+TEST(CallsignTableText, EmptyTableTextReadsAsTheFullReaderReadsIt)
+{
+    const QByteArray empty = sigdb::CallsignTable().toUtf8Text();
+    sigdb::CallsignTable fast = populatedTable();
+    ASSERT_TRUE(fast.fromUtf8Text(empty));
+    sigdb::CallsignTable parsed = populatedTable();
+    ASSERT_TRUE(sigdb::CallsignTableText::read(QString::fromUtf8(empty), parsed));
+    EXPECT_TRUE(fast == parsed);
+    EXPECT_TRUE(fast == sigdb::CallsignTable());
+    EXPECT_EQ(fast.toUtf8Text(), parsed.toUtf8Text());
+    EXPECT_EQ(fast.connections.count(), 0);
+    EXPECT_EQ(fast.sets.count(), 0);
+}
