@@ -1,7 +1,7 @@
 #include "democommand.h"
 
-#include "inspectcommand.h"
-#include "recordinspector.h"
+#include "decodecommand.h"
+#include "recorddecoders.h"
 
 #include "client/loopback.h"
 #include "client/refcallback.h"
@@ -49,9 +49,9 @@ void printBytes(QTextStream &out, const char *what, Direction direction, int ord
     else
         out << record;
     out << " (" << data.size() << " bytes): " << hexSummary(data) << '\n';
-    const RecordInspector *inspector = record.isEmpty() ? findInspector(direction, orderType) : findInspector(record);
-    if (inspector)
-        out << "    " << inspector->name << ' ' << compactJson(inspector->decode(data).value) << '\n';
+    const RecordDecoder *decoder = record.isEmpty() ? findDecoder(direction, orderType) : findDecoder(record);
+    if (decoder)
+        out << "    " << decoder->name << ' ' << compactJson(decoder->decode(data).value) << '\n';
 }
 
 // The demo's client: counts and prints what reaches its callbacks.

@@ -2,7 +2,7 @@
 // any record; `demo` runs the road of a client session.
 
 #include "democommand.h"
-#include "inspectcommand.h"
+#include "decodecommand.h"
 
 #include <QCoreApplication>
 #include <QString>

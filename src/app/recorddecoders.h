@@ -1,5 +1,5 @@
-#ifndef SIGDB_APP_RECORDINSPECTOR_H
-#define SIGDB_APP_RECORDINSPECTOR_H
+#ifndef SIGDB_APP_RECORDDECODERS_H
+#define SIGDB_APP_RECORDDECODERS_H
 
 #include <QByteArray>
 #include <QJsonValue>
@@ -25,7 +25,7 @@ struct DecodeResult
 enum class Direction { Request, Answer, Middleware };
 
 /// One record the tool can decode.
-struct RecordInspector
+struct RecordDecoder
 {
     QString name;
     Direction direction;
@@ -34,13 +34,13 @@ struct RecordInspector
 };
 
 /// Every record the tool knows.
-const std::vector<RecordInspector> &recordInspectors();
+const std::vector<RecordDecoder> &recordDecoders();
 /// The record travelling on \a direction under \a orderType; null when there is none.
-const RecordInspector *findInspector(Direction direction, int orderType);
+const RecordDecoder *findDecoder(Direction direction, int orderType);
 /// The record called \a name (case-sensitive); null when there is none.
-const RecordInspector *findInspector(const QString &name);
+const RecordDecoder *findDecoder(const QString &name);
 /// Names of all records, for the help text.
-QStringList inspectorNames(Direction direction);
+QStringList decoderNames(Direction direction);
 
 } // namespace sigdbtool
 

@@ -1,4 +1,4 @@
-#include "recordinspector.h"
+#include "recorddecoders.h"
 
 #include "middlewarejson.h"
 #include "rawdissector.h"
@@ -56,10 +56,10 @@ DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
 }
 
 template <typename Record>
-RecordInspector columnRecord(const char *name, Direction direction, std::vector<int> orderTypes)
+RecordDecoder columnRecord(const char *name, Direction direction, std::vector<int> orderTypes)
 {
     const QString recordName = QString::fromLatin1(name);
-    return RecordInspector{recordName, direction, std::move(orderTypes),
+    return RecordDecoder{recordName, direction, std::move(orderTypes),
                            [recordName](const QByteArray &data) {
                                return decodeColumnRecord<Record>(data, recordName);
                            }};
@@ -113,15 +113,15 @@ DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
 }
 
 template <typename Record>
-RecordInspector middlewareRecord()
+RecordDecoder middlewareRecord()
 {
     const QString recordName = QString::fromLatin1(Record::ClassName);
-    return RecordInspector{recordName, Direction::Middleware, {}, [recordName](const QByteArray &data) {
+    return RecordDecoder{recordName, Direction::Middleware, {}, [recordName](const QByteArray &data) {
                                return decodeMiddlewareRecord<Record>(data, recordName);
                            }};
 }
 
-std::vector<RecordInspector> buildInspectors()
+std::vector<RecordDecoder> buildDecoders()
 {
     return {
         columnRecord<SigdbElement>("SigdbElement", Direction::Request,
@@ -186,40 +186,40 @@ std::vector<RecordInspector> buildInspectors()
 
 } // namespace
 
-const std::vector<RecordInspector> &recordInspectors()
+const std::vector<RecordDecoder> &recordDecoders()
 {
-    static const std::vector<RecordInspector> inspectors = buildInspectors();
-    return inspectors;
+    static const std::vector<RecordDecoder> decoders = buildDecoders();
+    return decoders;
 }
 
-const RecordInspector *findInspector(Direction direction, int orderType)
+const RecordDecoder *findDecoder(Direction direction, int orderType)
 {
-    for (const RecordInspector &inspector : recordInspectors()) {
-        if (inspector.direction != direction)
+    for (const RecordDecoder &decoder : recordDecoders()) {
+        if (decoder.direction != direction)
             continue;
-        for (int type : inspector.orderTypes) {
+        for (int type : decoder.orderTypes) {
             if (type == orderType)
-                return &inspector;
+                return &decoder;
         }
     }
     return nullptr;
 }
 
-const RecordInspector *findInspector(const QString &name)
+const RecordDecoder *findDecoder(const QString &name)
 {
-    for (const RecordInspector &inspector : recordInspectors()) {
-        if (inspector.name == name)
-            return &inspector;
+    for (const RecordDecoder &decoder : recordDecoders()) {
+        if (decoder.name == name)
+            return &decoder;
     }
     return nullptr;
 }
 
-QStringList inspectorNames(Direction direction)
+QStringList decoderNames(Direction direction)
 {
     QStringList names;
-    for (const RecordInspector &inspector : recordInspectors()) {
-        if (inspector.direction == direction)
-            names.append(inspector.name);
+    for (const RecordDecoder &decoder : recordDecoders()) {
+        if (decoder.direction == direction)
+            names.append(decoder.name);
     }
     return names;
 }

@@ -1,7 +1,7 @@
-#include "inspectcommand.h"
+#include "decodecommand.h"
 
 #include "rawdissector.h"
-#include "recordinspector.h"
+#include "recorddecoders.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -67,12 +67,12 @@ int printRaw(const QString &format, const QByteArray &data, QTextStream &out, QT
     return Exit_DecodeFailure;
 }
 
-int printRecord(const RecordInspector &inspector, int orderType, const QByteArray &data,
+int printRecord(const RecordDecoder &decoder, int orderType, const QByteArray &data,
                 QTextStream &out, QTextStream &err)
 {
-    const DecodeResult result = inspector.decode(data);
-    QJsonObject report{{QStringLiteral("record"), inspector.name},
-                       {QStringLiteral("direction"), directionName(inspector.direction)},
+    const DecodeResult result = decoder.decode(data);
+    QJsonObject report{{QStringLiteral("record"), decoder.name},
+                       {QStringLiteral("direction"), directionName(decoder.direction)},
                        {QStringLiteral("size"), data.size()},
                        {QStringLiteral("ok"), result.ok}};
     if (orderType != 0)
@@ -137,9 +137,9 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
     }
     if (parser.isSet(QStringLiteral("help"))) {
         out << parser.helpText();
-        out << "\nAnswer records: " << inspectorNames(Direction::Answer).join(QStringLiteral(", "))
-            << "\nRequest records: " << inspectorNames(Direction::Request).join(QStringLiteral(", "))
-            << "\nMiddleware records: " << inspectorNames(Direction::Middleware).join(QStringLiteral(", "))
+        out << "\nAnswer records: " << decoderNames(Direction::Answer).join(QStringLiteral(", "))
+            << "\nRequest records: " << decoderNames(Direction::Request).join(QStringLiteral(", "))
+            << "\nMiddleware records: " << decoderNames(Direction::Middleware).join(QStringLiteral(", "))
             << '\n';
         return Exit_Ok;
     }
@@ -150,22 +150,22 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
         return Exit_Usage;
     }
 
-    const RecordInspector *inspector = nullptr;
+    const RecordDecoder *decoder = nullptr;
     int orderType = 0;
     QString raw;
     if (parser.isSet(orderTypeOption)) {
         bool ok = false;
         orderType = parser.value(orderTypeOption).toInt(&ok);
         const Direction direction = parser.isSet(requestOption) ? Direction::Request : Direction::Answer;
-        inspector = ok ? findInspector(direction, orderType) : nullptr;
-        if (!inspector) {
+        decoder = ok ? findDecoder(direction, orderType) : nullptr;
+        if (!decoder) {
             err << "inspect: no " << directionName(direction) << " record travels under order type "
                 << parser.value(orderTypeOption) << '\n';
             return Exit_Usage;
         }
     } else if (parser.isSet(recordOption)) {
-        inspector = findInspector(parser.value(recordOption));
-        if (!inspector) {
+        decoder = findDecoder(parser.value(recordOption));
+        if (!decoder) {
             err << "inspect: unknown record " << parser.value(recordOption) << '\n';
             return Exit_Usage;
         }
@@ -194,7 +194,7 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
 
     if (!raw.isEmpty())
         return printRaw(raw, data, out, err);
-    return printRecord(*inspector, orderType, data, out, err);
+    return printRecord(*decoder, orderType, data, out, err);
 }
 
 } // namespace sigdbtool
