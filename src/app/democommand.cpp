@@ -5,6 +5,7 @@
 
 #include "client/loopback.h"
 #include "client/refcallback.h"
+#include "client/refcallbackforwarder.h"
 #include "client/refinterface.h"
 #include "core/corecallback.h"
 #include "element/elementdetailslist.h"
@@ -94,24 +95,6 @@ private:
     }
 
     QTextStream &m_out;
-};
-
-// changeLink answers a core callback; the demo hands those answers on to its RefCallback.
-class LinkAnswers : public sigdb::CoreCallback
-{
-public:
-    explicit LinkAnswers(sigdb::RefCallback &target)
-        : m_target(target)
-    {
-    }
-
-private:
-    bool callbackRawData(int orderType, const QByteArray &data) override
-    {
-        return m_target.deliverRawData(orderType, data);
-    }
-
-    sigdb::RefCallback &m_target;
 };
 
 class VersionAnswers : public sigdb::CoreCallback
@@ -245,7 +228,7 @@ int runDemo(const QStringList &arguments, QTextStream &out, QTextStream &err)
         change.link1().setFromElement(network.element);
         change.link1().setToElement(member.element);
         change.setModificationUser(std::string("demo"));
-        LinkAnswers linkAnswers(callback);
+        sigdb::RefCallbackForwarder linkAnswers(callback);
         requests.changeLink(change, &linkAnswers);
         server.processPendingOrders();
         ++expectedAnswers;

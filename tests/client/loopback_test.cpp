@@ -2,6 +2,7 @@
 
 #include "auxiliary/plotentry.h"
 #include "client/refcallback.h"
+#include "client/refcallbackforwarder.h"
 #include "client/refinterface.h"
 #include "core/corecallback.h"
 #include "element/elementoverviewlist.h"
@@ -36,23 +37,6 @@ public:
     void callbackLinkChanged(sigdb::LinkChangeDefinition &c) override { links.push_back(c); }
     void callbackPlotEntryList(sigdb::PlotEntryList &p) override { plots.push_back(p); }
     void callbackErrorMessage(const std::string &text) override { errors.push_back(text); }
-};
-
-// changeLink answers a core callback; this one hands the answer on to a RefCallback.
-class LinkAnswers : public sigdb::CoreCallback
-{
-public:
-    explicit LinkAnswers(sigdb::RefCallback &target)
-        : m_target(target)
-    {
-    }
-
-private:
-    bool callbackRawData(int orderType, const QByteArray &data) override
-    {
-        return m_target.deliverRawData(orderType, data);
-    }
-    sigdb::RefCallback &m_target;
 };
 
 ElementOverview unit(const char *name, unsigned long long tid = 0)
@@ -159,7 +143,7 @@ TEST_F(LoopbackTest, LinksAreStoredEchoedAndListedAsSubElements)
     change.link1().setFromElement(network.element);
     change.link1().setToElement(member.element);
     change.setModificationUser(std::string("demo"));
-    LinkAnswers linkAnswers(recorder);
+    sigdb::RefCallbackForwarder linkAnswers(recorder);
     requests.changeLink(change, &linkAnswers);
 
     sigdb::SigdbElementWithMaxCount parent(network.element);
