@@ -1,8 +1,14 @@
 #include "client/refinterface.h"
 
 #include "client/refcallback.h"
+#include "auxiliary/plotentry.h"
+#include "client/refcallbackforwarder.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
+#include "element/elementdetailslist.h"
+#include "element/elementoverviewlist.h"
+#include "link/linkchangedefinition.h"
+#include "query/queryrequest.h"
 #include "core/orderqueue.h"
 
 #include "testsupport.h"
@@ -88,6 +94,65 @@ const RequestCase kRequests[] = {
          return i.deleteElement(e, c);
      },
      [] { return encoded(sampleElement()); }},
+    {"getElementOverviewList", 5002,
+     [](RefInterface &i, const RefCallback *c) {
+         sigdb::QueryRequestList queries;
+         queries.appendEntry(sigdb::QueryRequest());
+         return i.getElementOverviewList(queries, c);
+     },
+     [] {
+         sigdb::QueryRequestList queries;
+         queries.appendEntry(sigdb::QueryRequest());
+         return encoded(queries);
+     }},
+    {"createElement", 5005,
+     [](RefInterface &i, const RefCallback *c) {
+         sigdb::ElementDetailsList details;
+         details.appendDetails(sigdb::ElementDetails());
+         return i.createElement(details, c);
+     },
+     [] {
+         sigdb::ElementDetailsList details;
+         details.appendDetails(sigdb::ElementDetails());
+         return encoded(details);
+     }},
+    {"changeElement", 5006,
+     [](RefInterface &i, const RefCallback *c) {
+         sigdb::ElementDetailsList details;
+         return i.changeElement(details, c);
+     },
+     [] { return encoded(sigdb::ElementDetailsList()); }},
+    {"changeLink", 5009,
+     [](RefInterface &i, const RefCallback *c) {
+         sigdb::LinkChangeDefinition change;
+         change.link1().setActionType(10);
+         // changeLink alone is addressed to a core callback.
+         static thread_local std::unique_ptr<sigdb::RefCallbackForwarder> forwarder;
+         forwarder.reset(c ? new sigdb::RefCallbackForwarder(*const_cast<RefCallback *>(c)) : nullptr);
+         return i.changeLink(change, forwarder.get());
+     },
+     [] {
+         sigdb::LinkChangeDefinition change;
+         change.link1().setActionType(10);
+         return encoded(change);
+     }},
+    {"changeCollocation", 5010,
+     [](RefInterface &i, const RefCallback *c) {
+         sigdb::ElementOverviewList group;
+         return i.changeCollocation(group, c);
+     },
+     [] { return encoded(sigdb::ElementOverviewList()); }},
+    {"changePlotEntry", 5011,
+     [](RefInterface &i, const RefCallback *c) {
+         sigdb::PlotEntryList plots;
+         plots.appendEntry(sigdb::PlotEntry());
+         return i.changePlotEntry(plots, c);
+     },
+     [] {
+         sigdb::PlotEntryList plots;
+         plots.appendEntry(sigdb::PlotEntry());
+         return encoded(plots);
+     }},
     {"approveElement", 5008,
      [](RefInterface &i, const RefCallback *c) {
          sigdb::SigdbElement e = sampleElement();
@@ -113,7 +178,10 @@ TEST_P(Request, SendsItsRecordUnderItsOrderType)
     ASSERT_EQ(queue.count(), 1);
     const Order order = queue.takeFirst();
     EXPECT_EQ(order.orderType, GetParam().orderType);
-    EXPECT_EQ(order.callback, &callback);
+    if (GetParam().orderType == 5009)
+        EXPECT_NE(order.callback, nullptr) << "a forwarder to the callback";
+    else
+        EXPECT_EQ(order.callback, &callback);
     EXPECT_EQ(order.data, GetParam().expectedBytes());
 }
 
