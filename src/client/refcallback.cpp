@@ -10,8 +10,6 @@
 
 #include <QString>
 
-#include <iterator>
-
 namespace sigdb {
 
 namespace {
@@ -36,7 +34,7 @@ bool decodeAndDeliver(RefCallback &callback, ColumnReader &reader)
 struct Route
 {
     int orderType;
-    Dispatch dispatch; // null while the record type of the row is not available
+    Dispatch dispatch;
     const char *failureText;
 };
 
@@ -104,7 +102,7 @@ bool RefCallback::callbackRawData(int orderType, const QByteArray &data)
     }
 
     ColumnReader reader(data);
-    if (!route->dispatch || !route->dispatch(*this, reader))
+    if (!route->dispatch(*this, reader))
         callbackErrorMessage(route->failureText);
     return true;
 }
