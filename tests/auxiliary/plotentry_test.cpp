@@ -378,26 +378,4 @@ TEST(PlotEntryList, HugeCountOnShortStreamFails)
 // ---------------------------------------------------------------------------------------------
 // Request
 
-TEST(PlotEntryList, ChangePlotEntrySendsOrder5011AndReturnsWhatAddDataReturned)
-{
-    for (const int result : {3, -1}) {
-        SCOPED_TRACE(result);
-        sigdb::OrderQueue queue;
-        sigdb::Order sent;
-        queue.setTransport([&sent, result](const sigdb::Order &order) {
-            sent = order;
-            return result;
-        });
-        sigdb::RefInterface requests;
-        requests.setOrderQueue(queue);
-        const sigdb::RefCallback callback;
-        PlotEntryList list = twoRows();
-
-        EXPECT_EQ(requests.changePlotEntry(list, &callback), result);
-        EXPECT_EQ(sent.orderType, 5011);
-        EXPECT_EQ(sent.callback, &callback);
-        EXPECT_EQ(hex(sent.data), hex(bytes(kTwoRows)));
-    }
-}
-
 } // namespace

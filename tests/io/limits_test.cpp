@@ -55,29 +55,6 @@ void countedRelease(void *pointer)
 // The most that a decode of a few dozen bytes may allocate at once.
 constexpr size_t kSmall = 256 * 1024;
 
-// The peak resident set size in KiB, after resetting it; -1 where the kernel does not allow it.
-long resetPeakResidentKiB()
-{
-    FILE *clear = std::fopen("/proc/self/clear_refs", "w");
-    if (!clear)
-        return -1;
-    const bool reset = std::fputs("5", clear) >= 0;
-    std::fclose(clear);
-    if (!reset)
-        return -1;
-    FILE *status = std::fopen("/proc/self/status", "r");
-    if (!status)
-        return -1;
-    char line[256];
-    long kib = -1;
-    while (std::fgets(line, sizeof line, status)) {
-        if (std::sscanf(line, "VmHWM: %ld kB", &kib) == 1)
-            break;
-    }
-    std::fclose(status);
-    return kib;
-}
-
 long peakResidentKiB()
 {
     FILE *status = std::fopen("/proc/self/status", "r");
@@ -91,6 +68,17 @@ long peakResidentKiB()
     }
     std::fclose(status);
     return kib;
+}
+
+// The peak resident set size in KiB, after resetting it; -1 where the kernel does not allow it.
+long resetPeakResidentKiB()
+{
+    FILE *clear = std::fopen("/proc/self/clear_refs", "w");
+    if (!clear)
+        return -1;
+    const bool reset = std::fputs("5", clear) >= 0;
+    std::fclose(clear);
+    return reset ? peakResidentKiB() : -1;
 }
 
 // The most that the peak resident set may grow while a few dozen bytes are decoded.

@@ -664,29 +664,4 @@ TEST(QueryRequestList, CopyKeepsEverything)
     EXPECT_EQ(typed->clientReference(), list.clientReference());
 }
 
-// ---------------------------------------------------------------------------------------------
-// Request
-
-TEST(QueryRequestList, GetElementOverviewListSendsOrder5002AndReturnsWhatAddDataReturned)
-{
-    for (const int result : {17, -4, 0}) {
-        SCOPED_TRACE(result);
-        sigdb::OrderQueue queue;
-        sigdb::Order sent;
-        queue.setTransport([&sent, result](const sigdb::Order &order) {
-            sent = order;
-            return result;
-        });
-        sigdb::RefInterface requests;
-        requests.setOrderQueue(queue);
-        const sigdb::RefCallback callback;
-        QueryRequestList list = sampleList();
-
-        EXPECT_EQ(requests.getElementOverviewList(list, &callback), result);
-        EXPECT_EQ(sent.orderType, 5002);
-        EXPECT_EQ(sent.callback, &callback);
-        EXPECT_EQ(hex(sent.data), hex(serialized(sampleList())));
-    }
-}
-
 } // namespace
