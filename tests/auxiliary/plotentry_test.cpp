@@ -375,7 +375,4 @@ TEST(PlotEntryList, HugeCountOnShortStreamFails)
     EXPECT_EQ(decoded.count(), 1) << "the row that was there stays";
 }
 
-// ---------------------------------------------------------------------------------------------
-// Request
-
 } // namespace
