@@ -1,8 +1,6 @@
 #include "auxiliary/plotentry.h"
 
 #include "client/refcallback.h"
-#include "client/refinterface.h"
-#include "core/orderqueue.h"
 #include "testsupport.h"
 
 #include <gtest/gtest.h>

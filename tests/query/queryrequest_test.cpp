@@ -1,8 +1,6 @@
 #include "query/queryrequest.h"
 
 #include "client/refcallback.h"
-#include "client/refinterface.h"
-#include "core/orderqueue.h"
 #include "testsupport.h"
 
 #include <QString>
