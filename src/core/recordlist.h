@@ -51,7 +51,7 @@ protected:
     /// cut short by the end of the bytes) fails the list; the entries before it stay.
     bool readEntries(ColumnReader &reader, int countTag)
     {
-        return readListEntries(reader, countTag, [this, &reader] {
+        return readListEntries(reader, countTag, this->m_entries, minimumEntrySize<Entry>(), [this, &reader] {
             Entry entry;
             entry.setIDs(this->m_startId);
             if (!entry.readFrom(reader))

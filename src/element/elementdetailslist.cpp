@@ -76,7 +76,8 @@ bool ElementDetailsList::readFrom(ColumnReader &reader)
         m_listNumber = number;
 
     int nextId = m_startId;
-    return readListEntries(reader, CountTag, [this, &reader, &nextId]() {
+    return readListEntries(reader, CountTag, m_entries, minimumEntrySize<ElementDetails>(writeDetail),
+                           [this, &reader, &nextId]() {
         ElementDetails details;
         nextId = details.setIDs(nextId);
         if (!readDetail(reader, details))

@@ -4,9 +4,9 @@
 #include "sigdbcore_export.h"
 
 #include "base/dbdatatype.h"
+#include "io/bytecursor.h"
 
 #include <QByteArray>
-#include <QDataStream>
 
 #include <string>
 #include <vector>
@@ -19,14 +19,16 @@ namespace sigdb {
 //
 // The tag is the value's column id (or a fixed small number for fields that are not column
 // values); size 0 means NULL. Both sides number their records with setIDs(0) before they touch
-// the stream, so the tags are a positional check of the layout, not keys. Streams are opened at
-// QDataStream version 12 (Qt_4_8), big-endian, with no header of any kind.
+// the stream, so the tags are a positional check of the layout, not keys. The bytes are those of
+// a QDataStream at version 12 (Qt_4_8), big-endian, with no header of any kind; they are written
+// and read here through a pointer into the array (io/bytecursor.h), one bounds check a frame.
 //
 // Writers and readers below are declared in the same order, so each reader can be checked
 // against its writer at a glance. Every reader returns false on a size that does not match the
 // kind of value and otherwise reports whether the tag matched the target's column id (checked
 // after the value has been consumed). Reading past the end yields tag 0 and size 0, which read
-// as NULL values; a header cut short reads the same way, and a value cut short fails.
+// as NULL values; a header cut short reads the same way. A value cut short by the end of the
+// input fails its record: a truncated capture is never taken for a shorter value.
 
 /// The byte size of a value kind in its frame.
 enum ColumnSize : qint16 {
@@ -36,36 +38,44 @@ enum ColumnSize : qint16 {
     ColumnSize_Wide = 8,   ///< 64-bit numbers, wide integer columns and doubles
 };
 
-/// Writes column frames into a byte array (write-only, from its first byte on).
+/// Writes column frames into a byte array, from its first byte on. The array holds the frames
+/// once the writer is destroyed (or after finish()).
 class SIGDBCORE_EXPORT ColumnWriter
 {
 public:
-    explicit ColumnWriter(QByteArray &target);
+    explicit ColumnWriter(QByteArray &target)
+        : m_bytes(target)
+    {
+    }
     ColumnWriter(const ColumnWriter &) = delete;
     ColumnWriter &operator=(const ColumnWriter &) = delete;
 
-    QDataStream &stream() { return m_stream; }
+    /// Gives the array its final size now rather than when the writer is destroyed.
+    void finish() { m_bytes.finish(); }
+    /// The number of frames written: a record of the same shape takes at least four bytes each.
+    qint64 frameCount() const { return m_frames; }
 
-    void writeHeader(int tag, int size);
+    void writeHeader(int tag, int size) { frame(tag, size, 0); }
 
     // Bare fields that are not column values: fixed tag, never NULL.
-    void writeByteField(int tag, qint8 value);
-    void writeShortField(int tag, qint16 value);
-    void writeLongField(int tag, qint64 value);
+    void writeByteField(int tag, qint8 value) { writeValue(tag, value); }
+    void writeShortField(int tag, qint16 value) { writeValue(tag, value); }
+    void writeLongField(int tag, qint64 value) { writeValue(tag, value); }
 
     // Column values: the tag is the value's own column id.
-    void write(const base::DbDataType<unsigned long long> &value);
-    void write(const base::DbDataType<double> &value);
-    void write(const base::DbDataType<bool> &value);
-    void write(const base::DbDataType<char> &value);
+    void write(const base::DbDataType<unsigned long long> &value) { writeColumn<qint64>(value); }
+    void write(const base::DbDataType<double> &value) { writeColumn<double>(value); }
+    void write(const base::DbDataType<bool> &value) { writeColumn<qint16>(value); }
+    /// The byte is sign-extended: a character above 0x7F travels as a negative number.
+    void write(const base::DbDataType<char> &value) { writeColumn<qint16, signed char>(value); }
     /// An int column in the narrow form (one byte).
-    void write(const base::DbDataType<int> &value);
-    void writeWide(const base::DbDataType<int> &value);
-    void writeWide(const base::DbDataType<unsigned int> &value);
+    void write(const base::DbDataType<int> &value) { writeColumn<qint8>(value); }
+    void writeWide(const base::DbDataType<int> &value) { writeColumn<qint64>(value); }
+    void writeWide(const base::DbDataType<unsigned int> &value) { writeColumn<qint64>(value); }
     template <typename E>
     void writeEnum(const base::DbDataType<E> &value)
     {
-        writeNarrow(value.getID(), value.isNull(), static_cast<int>(value.getData()));
+        writeColumn<qint8>(value);
     }
     void write(const base::DbDataType<std::string> &value);
     /// A text that is not a numbered column: tag 0, except that a NULL text keeps its own id.
@@ -77,10 +87,31 @@ public:
     void writeTextField(int tag, const QByteArray &text);
 
 private:
-    void writeNarrow(int tag, bool isNull, int value);
-    void writeText(int tag, const std::string &text);
+    /// Claims a frame of \a valueBytes after its header and returns where the value goes.
+    char *frame(int tag, int size, qint64 valueBytes)
+    {
+        ++m_frames;
+        char *at = m_bytes.claim(4 + valueBytes);
+        at = ByteWriter::store(at, static_cast<qint16>(tag));
+        return ByteWriter::store(at, static_cast<qint16>(size));
+    }
+    template <typename Wire>
+    void writeValue(int tag, Wire value)
+    {
+        ByteWriter::store(frame(tag, sizeof(Wire), sizeof(Wire)), value);
+    }
+    /// A column value as \a Wire (through \a Via first), or tag and size 0 when NULL.
+    template <typename Wire, typename Via = Wire, typename Column>
+    void writeColumn(const Column &value)
+    {
+        if (value.isNull())
+            return writeHeader(value.getID(), 0);
+        writeValue(value.getID(), static_cast<Wire>(static_cast<Via>(value.getData())));
+    }
+    void writeText(int tag, const char *text, size_t length);
 
-    QDataStream m_stream;
+    ByteWriter m_bytes;
+    qint64 m_frames = 0;
 };
 
 /// Reads column frames from a byte array. The reader never reads beyond the array and never
@@ -91,30 +122,48 @@ public:
     /// Records nest (sub-lists, included details) at most this deep.
     static constexpr int MaxNesting = 64;
 
-    explicit ColumnReader(const QByteArray &source);
+    explicit ColumnReader(const QByteArray &source)
+        : m_source(source)
+        , m_bytes(m_source.constData(), m_source.constData() + m_source.size())
+    {
+    }
     ColumnReader(const ColumnReader &) = delete;
     ColumnReader &operator=(const ColumnReader &) = delete;
 
-    QDataStream &stream() { return m_stream; }
     /// The read position in bytes from the start of the array.
-    qint64 offset() const;
+    qint64 offset() const { return m_bytes.position(); }
     /// The bytes not yet read.
-    qint64 bytesLeft() const;
+    qint64 bytesLeft() const { return m_bytes.bytesLeft(); }
     bool atEnd() const { return bytesLeft() <= 0; }
 
-    void readHeader(qint16 &tag, qint16 &size);
+    void readHeader(qint16 &tag, qint16 &size)
+    {
+        // A header cut short by the end of the input reads like one past the end: tag 0, size
+        // 0. Keeping a complete tag with a missing size would read a truncated frame as a
+        // valid NULL.
+        if (Q_UNLIKELY(!m_bytes.has(4))) {
+            m_bytes.skipToEnd();
+            tag = 0;
+            size = 0;
+            return;
+        }
+        tag = m_bytes.take<qint16>();
+        size = m_bytes.take<qint16>();
+    }
 
-    bool readByteField(int tag, qint8 &value);
-    bool readShortField(int tag, qint16 &value);
-    bool readLongField(int tag, qint64 &value);
+    bool readByteField(int tag, qint8 &value) { return readField(tag, value); }
+    bool readShortField(int tag, qint16 &value) { return readField(tag, value); }
+    bool readLongField(int tag, qint64 &value) { return readField(tag, value); }
 
-    bool read(base::DbDataType<unsigned long long> &value);
-    bool read(base::DbDataType<double> &value);
-    bool read(base::DbDataType<bool> &value);
-    bool read(base::DbDataType<char> &value);
-    bool read(base::DbDataType<int> &value);
-    bool readWide(base::DbDataType<int> &value);
-    bool readWide(base::DbDataType<unsigned int> &value);
+    bool read(base::DbDataType<unsigned long long> &value) { return readColumn<qint64>(value); }
+    bool read(base::DbDataType<double> &value) { return readColumn<double>(value); }
+    bool read(base::DbDataType<bool> &value) { return readColumn<qint16>(value); }
+    bool read(base::DbDataType<char> &value) { return readColumn<qint16>(value); }
+    bool read(base::DbDataType<int> &value) { return readColumn<qint8>(value); }
+    bool readWide(base::DbDataType<int> &value) { return readColumn<qint64>(value); }
+    bool readWide(base::DbDataType<unsigned int> &value) { return readColumn<qint64>(value); }
+    /// An enumeration column in the narrow form; a frame that gives no value leaves it NULL
+    /// with the enumeration's value 0.
     template <typename E>
     bool readEnum(base::DbDataType<E> &value)
     {
@@ -147,12 +196,49 @@ public:
     };
 
 private:
-    template <typename Column, typename Wire>
-    bool readFixed(Column &value, qint16 expectedSize);
+    /// Reads a frame of a \a Wire value into \a value (NULL when the size is 0): false on a
+    /// size that is not the wire's, or on a value cut short by the end of the input, which
+    /// fails the record rather than read as a shorter value; otherwise whether the tag matched.
+    template <typename Wire, typename Column>
+    bool readColumn(Column &value)
+    {
+        qint16 tag = 0;
+        qint16 size = 0;
+        readHeader(tag, size);
+        const bool tagMatches = tag == static_cast<qint16>(value.getID());
+        if (size == 0) {
+            value.setNull(true);
+            return tagMatches;
+        }
+        if (size != static_cast<qint16>(sizeof(Wire)))
+            return false;
+        if (Q_UNLIKELY(!m_bytes.has(sizeof(Wire)))) {
+            m_bytes.skipToEnd();
+            return false;
+        }
+        const Wire wire = m_bytes.take<Wire>();
+        using Value = std::decay_t<decltype(value.getData())>;
+        if constexpr (std::is_same<Value, bool>::value)
+            value.getData() = wire != 0;
+        else
+            value.getData() = static_cast<Value>(wire);
+        value.setNull(false);
+        return tagMatches;
+    }
+    /// A bare field: its fixed tag, its size and a value; never NULL.
+    template <typename Wire>
+    bool readField(int tag, Wire &value)
+    {
+        base::DbDataType<Wire> field;
+        field.setID(static_cast<unsigned int>(tag));
+        const bool ok = readColumn<Wire>(field);
+        value = field.getData();
+        return ok && !field.isNull();
+    }
     bool readCString(std::string &text);
 
-    QDataStream m_stream;
-    qint64 m_size;
+    QByteArray m_source; // keeps the bytes alive while the reader points into them
+    ByteReader m_bytes;
     int m_depth = 0;
 };
 

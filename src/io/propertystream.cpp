@@ -1,162 +1,89 @@
 #include "io/propertystream.h"
 
-#include <QIODevice>
-
 #include <cstring>
 
 namespace sigdb {
 
-namespace {
-
-constexpr QDataStream::Version kStreamVersion = QDataStream::Qt_4_8; // version 12
-constexpr qint64 kBlockHeaderSize = 8;                               // index and size
-
-} // namespace
-
 // ---------------------------------------------------------------------------------------------
 // PropertyWriter
 
-PropertyWriter::PropertyWriter(QByteArray &target)
-    : m_stream(&target, QIODevice::WriteOnly)
-{
-    m_stream.setVersion(kStreamVersion);
-}
-
-qint64 PropertyWriter::openBlock(qint32 index)
-{
-    const qint64 start = m_stream.device()->pos();
-    m_stream << index << qint32(0);
-    return start;
-}
-
-void PropertyWriter::closeBlock(qint64 start)
-{
-    // QDataStream of Qt 5.15 refuses to skip backwards, so the size is patched by moving the
-    // device itself; the bytes are the same as stepping back over the value and the size.
-    QIODevice *device = m_stream.device();
-    const qint64 end = device->pos();
-    device->seek(start + kBlockHeaderSize / 2);
-    m_stream << static_cast<qint32>(end - start - kBlockHeaderSize);
-    device->seek(end);
-}
-
-void PropertyWriter::writeInt32(qint32 value)
-{
-    m_stream << value;
-}
-
-void PropertyWriter::writeBool(bool value)
-{
-    m_stream << value;
-}
-
-void PropertyWriter::writeInt64(qint64 value)
-{
-    m_stream << value;
-}
-
 void PropertyWriter::writeString(const std::string &text)
 {
-    m_stream << text.c_str();
+    // QDataStream's C string: quint32 length counting the terminating zero byte, the bytes.
+    const auto length = static_cast<quint32>(std::strlen(text.c_str()) + 1);
+    m_bytes.put(length);
+    m_bytes.putRaw(text.c_str(), length);
 }
 
 void PropertyWriter::writeBytes(const QByteArray &bytes)
 {
-    m_stream << bytes;
-}
-
-void PropertyWriter::writeCount(std::size_t count)
-{
-    m_stream << static_cast<qint32>(count);
+    if (bytes.isNull())
+        return m_bytes.put(quint32(0xFFFFFFFFu));
+    m_bytes.put(static_cast<quint32>(bytes.size()));
+    m_bytes.putRaw(bytes.constData(), bytes.size());
 }
 
 // ---------------------------------------------------------------------------------------------
 // PropertyReader
 
-PropertyReader::PropertyReader(const QByteArray &source)
-    : m_stream(source)
-{
-    m_stream.setVersion(kStreamVersion);
-}
-
 PropertyReader::Block PropertyReader::findBlock(qint32 index)
 {
     while (!atEnd()) {
-        QIODevice *device = m_stream.device();
-        const qint64 headerStart = device->pos();
-        qint32 blockIndex = 0;
-        qint32 size = 0;
-        m_stream >> blockIndex >> size;
+        const qint64 headerStart = m_bytes.position();
+        const qint32 blockIndex = m_bytes.takeOrZero<qint32>();
+        const qint32 size = m_bytes.takeOrZero<qint32>();
         if (blockIndex == index)
             return Block::Found;
         if (blockIndex > index) {
-            device->seek(headerStart);
+            m_bytes.rewind(headerStart);
             return Block::Absent;
         }
-        if (size > 0)
-            m_stream.skipRawData(size);
+        m_bytes.skip(size);
     }
     return Block::EndOfStream;
 }
 
-void PropertyReader::readInt32(qint32 &value)
-{
-    m_stream >> value;
-}
-
-void PropertyReader::readBool(bool &value)
-{
-    m_stream >> value;
-}
-
-void PropertyReader::readInt64(qint64 &value)
-{
-    m_stream >> value;
-}
-
 void PropertyReader::readString(std::string &text)
 {
-    quint32 length = 0;
-    m_stream >> length;
+    const quint32 length = m_bytes.takeOrZero<quint32>();
     if (length == 0)
         return;
     if (length > static_cast<quint64>(bytesLeft()))
-        return skipToEnd();
-    std::string buffer(length, '\0');
-    m_stream.readRawData(&buffer[0], static_cast<int>(length));
-    buffer.resize(qstrnlen(buffer.data(), length));
-    text = std::move(buffer);
+        return m_bytes.skipToEnd();
+    const char *bytes = m_bytes.cursor();
+    text.assign(bytes, qstrnlen(bytes, length));
+    m_bytes.skip(length);
+}
+
+ByteReader PropertyReader::takeByteArray()
+{
+    const quint32 length = m_bytes.takeOrZero<quint32>();
+    if (length == 0 || length == 0xFFFFFFFFu)
+        return ByteReader();
+    if (length > static_cast<quint64>(bytesLeft())) {
+        m_bytes.skipToEnd();
+        return ByteReader();
+    }
+    const char *begin = m_bytes.cursor();
+    m_bytes.skip(length);
+    return ByteReader(begin, begin + length);
 }
 
 void PropertyReader::readBytes(QByteArray &bytes)
 {
-    bytes.clear();
-    quint32 length = 0;
-    m_stream >> length;
-    if (length == 0 || length == 0xFFFFFFFFu)
-        return;
-    if (length > static_cast<quint64>(bytesLeft()))
-        return skipToEnd();
-    bytes.resize(static_cast<int>(length));
-    m_stream.readRawData(bytes.data(), static_cast<int>(length));
+    const ByteReader contents = takeByteArray();
+    bytes = QByteArray(contents.cursor(), static_cast<int>(contents.bytesLeft()));
+}
+
+PropertyReader PropertyReader::readNested()
+{
+    return PropertyReader(takeByteArray());
 }
 
 bool PropertyReader::readCount(qint32 &count, qint64 minimumElementSize)
 {
-    count = 0;
-    m_stream >> count;
+    count = m_bytes.takeOrZero<qint32>();
     return count >= 0 && count <= bytesLeft() / minimumElementSize;
-}
-
-qint64 PropertyReader::bytesLeft() const
-{
-    return m_stream.device()->bytesAvailable();
-}
-
-void PropertyReader::skipToEnd()
-{
-    QIODevice *device = m_stream.device();
-    device->seek(device->size());
 }
 
 } // namespace sigdb

@@ -3,8 +3,9 @@
 
 #include "sigdbref_export.h"
 
+#include "io/bytecursor.h"
+
 #include <QByteArray>
-#include <QDataStream>
 
 #include <string>
 
@@ -18,7 +19,8 @@ namespace sigdb {
 // The size is patched in after the value has been written, so a reader can skip any block it
 // does not know by its size. That makes the stream compatible in both directions: a newer
 // writer's extra blocks are skipped or ignored, and an older writer's shorter stream simply
-// ends early. Streams are opened at QDataStream version 12 (Qt_4_8), big-endian.
+// ends early. The bytes are those of a QDataStream at version 12 (Qt_4_8), big-endian, written
+// and read here through a pointer into the array (io/bytecursor.h).
 //
 // Value encodings, writers and readers declared side by side:
 //
@@ -33,39 +35,59 @@ namespace sigdb {
 // Readers take untrusted bytes: nothing is read beyond the array, and no length or count is
 // believed before it is compared with the bytes that really follow.
 
-/// Writes property blocks into a byte array (write-only, from its first byte on).
+/// Writes property blocks into a byte array, from its first byte on. The array holds the blocks
+/// once the writer is destroyed (or after finish()).
 class SIGDBREF_EXPORT PropertyWriter
 {
 public:
-    explicit PropertyWriter(QByteArray &target);
+    explicit PropertyWriter(QByteArray &target)
+        : m_bytes(target)
+    {
+    }
     PropertyWriter(const PropertyWriter &) = delete;
     PropertyWriter &operator=(const PropertyWriter &) = delete;
+
+    /// Gives the array its final size now rather than when the writer is destroyed.
+    void finish() { m_bytes.finish(); }
 
     /// Writes one block for property \a index: the header, whatever \a writeValue writes
     /// through this writer, then the value's byte size patched into the header.
     template <typename WriteValue>
     void writeBlock(qint32 index, WriteValue writeValue)
     {
-        const qint64 start = openBlock(index);
-        writeValue();
-        closeBlock(start);
+        m_bytes.put(index);
+        writeSized(writeValue);
+    }
+    /// Writes a nested record as a byte array: the length, then whatever \a writeRecord writes
+    /// through this writer (the record's own blocks), with the length patched in afterwards.
+    template <typename WriteRecord>
+    void writeNested(WriteRecord writeRecord)
+    {
+        writeSized(writeRecord);
     }
 
-    void writeInt32(qint32 value);
-    void writeBool(bool value);
-    void writeInt64(qint64 value);
+    void writeInt32(qint32 value) { m_bytes.put(value); }
+    void writeBool(bool value) { m_bytes.put(static_cast<qint8>(value ? 1 : 0)); }
+    void writeInt64(qint64 value) { m_bytes.put(value); }
     /// A text as a C string: cut at its first zero byte, bytes as they are.
     void writeString(const std::string &text);
-    /// A byte array with its length (the carrier of nested records).
+    /// A byte array with its length; a null array is the length 0xFFFFFFFF and nothing more.
     void writeBytes(const QByteArray &bytes);
     /// The element count that precedes a vector's elements.
-    void writeCount(std::size_t count);
+    void writeCount(std::size_t count) { m_bytes.put(static_cast<qint32>(count)); }
 
 private:
-    qint64 openBlock(qint32 index);
-    void closeBlock(qint64 start);
+    /// A 32-bit size, then what \a writeValue writes, then that byte count put into the size.
+    template <typename WriteValue>
+    void writeSized(WriteValue &writeValue)
+    {
+        const qint64 sizeAt = m_bytes.position();
+        m_bytes.put(qint32(0));
+        writeValue();
+        m_bytes.patch(sizeAt, static_cast<qint32>(m_bytes.position() - sizeAt - 4));
+    }
 
-    QDataStream m_stream;
+    ByteWriter m_bytes;
 };
 
 /// Reads property blocks from a byte array.
@@ -82,7 +104,11 @@ public:
         EndOfStream, ///< the stream ended before the property (an older, shorter writer)
     };
 
-    explicit PropertyReader(const QByteArray &source);
+    explicit PropertyReader(const QByteArray &source)
+        : m_source(source)
+        , m_bytes(m_source.constData(), m_source.constData() + m_source.size())
+    {
+    }
     PropertyReader(const PropertyReader &) = delete;
     PropertyReader &operator=(const PropertyReader &) = delete;
 
@@ -112,9 +138,9 @@ public:
 
     // The value readers read exactly what their kind needs; a value cut short by the end of
     // the array reads as zero (numbers) or leaves the target as it was (texts, byte arrays).
-    void readInt32(qint32 &value);
-    void readBool(bool &value);
-    void readInt64(qint64 &value);
+    void readInt32(qint32 &value) { value = m_bytes.takeOrZero<qint32>(); }
+    void readBool(bool &value) { value = m_bytes.takeOrZero<qint8>() != 0; }
+    void readInt64(qint64 &value) { value = m_bytes.takeOrZero<qint64>(); }
     /// Reads a C string into \a text, up to its first zero byte. Length 0 carries no text and
     /// leaves \a text as it was; so does a length beyond the remaining bytes, which are then
     /// consumed (the stream was cut short).
@@ -122,18 +148,29 @@ public:
     /// Reads a length-prefixed byte array; empty when it is null (length 0xFFFFFFFF), empty
     /// or longer than the remaining bytes (which are then consumed).
     void readBytes(QByteArray &bytes);
+    /// Reads a nested record's byte array (as readBytes() does) and returns a reader of its
+    /// contents, without copying them; it reads from this reader's bytes and must not outlive it.
+    PropertyReader readNested();
     /// Reads a vector's element count. False when the count is negative or announces more
     /// elements than the remaining bytes could hold, \a minimumElementSize bytes each.
     bool readCount(qint32 &count, qint64 minimumElementSize = MinimumElementSize);
 
     /// The bytes not yet read.
-    qint64 bytesLeft() const;
+    qint64 bytesLeft() const { return m_bytes.bytesLeft(); }
     bool atEnd() const { return bytesLeft() <= 0; }
+    /// The read position in bytes from the start of this reader's bytes.
+    qint64 offset() const { return m_bytes.position(); }
 
 private:
-    void skipToEnd();
+    explicit PropertyReader(ByteReader bytes)
+        : m_bytes(bytes)
+    {
+    }
+    /// The bytes of a length-prefixed byte array, consumed; none for a null, empty or cut short one.
+    ByteReader takeByteArray();
 
-    QDataStream m_stream;
+    QByteArray m_source; // keeps the bytes alive while the reader points into them (top level only)
+    ByteReader m_bytes;
 };
 
 } // namespace sigdb

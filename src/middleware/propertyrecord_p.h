@@ -31,6 +31,11 @@ inline QString corruptCountMessage(const PropertyPlace &place, qint32 count)
         .arg(QLatin1String(place.record), QString::number(count), QLatin1String(place.property));
 }
 
+template <typename Record>
+void writeProperties(PropertyWriter &writer, const Record &record);
+template <typename Record>
+void readRecord(PropertyReader &reader, Record &record);
+
 // ---------------------------------------------------------------------------------------------
 // Value codecs: how one value of a property type is written and read. Each codec declares its
 // writer and its reader side by side.
@@ -102,22 +107,20 @@ struct PropertyCodec<base::DbDataType<T>>
     }
 };
 
-/// A nested record: its own record stream inside a byte array, decoded in place.
+/// A nested record: its own record stream inside a byte array, written in place and decoded in
+/// place from a reader of the array's bytes (no copy either way).
 template <typename Record>
 struct PropertyCodec<Record, std::enable_if_t<std::is_base_of<PropertyRecord<Record>, Record>::value>>
 {
     static constexpr qint64 MinimumSize = PropertyReader::MinimumElementSize;
     static void write(PropertyWriter &writer, const Record &value)
     {
-        QByteArray bytes;
-        value.serialize(bytes);
-        writer.writeBytes(bytes);
+        writer.writeNested([&] { writeProperties(writer, value); });
     }
     static void read(PropertyReader &reader, Record &value, const PropertyPlace &)
     {
-        QByteArray bytes;
-        reader.readBytes(bytes);
-        Record::deserialize(bytes, value);
+        PropertyReader nested = reader.readNested();
+        readRecord(nested, value);
     }
 };
 
@@ -211,13 +214,12 @@ using FieldValue = typename Field::ValueType;
 
 /// Writes every property block of \a record; NULL nullable values are left out.
 template <typename Record>
-void writeProperties(QByteArray &bytes, const Record &record)
+void writeProperties(PropertyWriter &writer, const Record &record)
 {
     // The rows are found by counting up from 1; a gap would hide every row behind it.
     constexpr int rows = propertyRows<Record>();
     static_assert(!hasRowsIn<Record, rows + 2, rows + 16>(),
                   "property indexes must follow each other without a gap");
-    PropertyWriter writer(bytes);
     writer.writeBlock(0, [&] { writer.writeInt32(record.layer()); });
     visitProperties<Record>([&](auto field) {
         using Value = FieldValue<decltype(field)>;
@@ -228,12 +230,11 @@ void writeProperties(QByteArray &bytes, const Record &record)
     });
 }
 
-/// Reads every property of \a record from \a bytes; returns the index of a missing required
+/// Reads every property of \a record from \a reader; returns the index of a missing required
 /// property, or -1 when none was missing.
 template <typename Record>
-int readProperties(const QByteArray &bytes, Record &record)
+int readProperties(PropertyReader &reader, Record &record)
 {
-    PropertyReader reader(bytes);
     const bool storeTypeRead = reader.readProperty(0, true, [&] {
         qint32 storeType = 0;
         reader.readInt32(storeType);
@@ -254,6 +255,16 @@ int readProperties(const QByteArray &bytes, Record &record)
     return missing;
 }
 
+/// Reads \a record from \a reader and throws the record's own message when a required
+/// property is missing.
+template <typename Record>
+void readRecord(PropertyReader &reader, Record &record)
+{
+    const int missing = readProperties(reader, record);
+    if (missing >= 0)
+        throw Record::incompleteStructureMessage().arg(Record::propertyNames().value(missing), 0, QChar(u' '));
+}
+
 } // namespace propertyrecord
 
 // ---------------------------------------------------------------------------------------------
@@ -270,9 +281,8 @@ Record PropertyRecord<Record>::deserialize(const QByteArray &bytes)
 template <typename Record>
 void PropertyRecord<Record>::deserialize(const QByteArray &bytes, Record &record)
 {
-    const int missing = propertyrecord::readProperties(bytes, record);
-    if (missing >= 0)
-        throw incompleteStructureMessage().arg(propertyNames().value(missing), 0, QChar(u' '));
+    PropertyReader reader(bytes);
+    propertyrecord::readRecord(reader, record);
 }
 
 template <typename Record>
@@ -291,7 +301,8 @@ void PropertyRecord<Record>::reset()
 template <typename Record>
 void PropertyRecord<Record>::serialize(QByteArray &out) const
 {
-    propertyrecord::writeProperties(out, static_cast<const Record &>(*this));
+    PropertyWriter writer(out);
+    propertyrecord::writeProperties(writer, static_cast<const Record &>(*this));
 }
 
 template <typename Record>

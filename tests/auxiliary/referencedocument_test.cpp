@@ -50,6 +50,7 @@ QByteArray written(const ReferenceDocumentList &list)
     QByteArray out;
     ColumnWriter writer(out);
     list.writeTo(writer);
+    writer.finish();
     return out;
 }
 

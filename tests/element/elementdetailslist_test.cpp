@@ -9,6 +9,8 @@
 
 #include "testsupport.h"
 
+#include <QDataStream>
+
 #include <gtest/gtest.h>
 
 using sigdb::ElementDetails;
@@ -228,11 +230,13 @@ TEST(ElementDetailsList, CallsignTableTravelsAsOneUtf8Text)
     QByteArray out;
     list.serialize(out);
     const QByteArray text = newUnit().callsignTable().toUtf8Text();
+    // Tag 1111, size length + 1, then the text as a C string, as a bare stream writes it.
     QByteArray frame;
     {
-        sigdb::ColumnWriter writer(frame);
-        writer.writeHeader(1111, text.size() + 1);
-        writer.stream().writeBytes(text.constData(), static_cast<uint>(text.size() + 1));
+        QDataStream stream(&frame, QIODevice::WriteOnly);
+        stream.setVersion(QDataStream::Qt_4_8);
+        stream << qint16(1111) << static_cast<qint16>(text.size() + 1);
+        stream.writeBytes(text.constData(), static_cast<uint>(text.size() + 1));
     }
     EXPECT_TRUE(out.endsWith(frame)) << "the table is the last item of a detail";
     EXPECT_EQ(hex(frame.left(8)), hex(bytes("0457")) + " " + hex(frame.mid(2, 2)) + " " + hex(frame.mid(4, 4)));
@@ -270,6 +274,7 @@ TEST(ElementDetailsList, CorruptCallsignTableTextFailsTheDetail)
         QByteArray frame;
         sigdb::ColumnWriter writer(frame);
         writer.writeTextField(1111, QByteArray("not a table"));
+        writer.finish();
         corrupt += frame;
     }
     ElementDetailsList back;

@@ -40,6 +40,7 @@ QByteArray written(const std::function<void(ColumnWriter &)> &write)
     QByteArray out;
     ColumnWriter writer(out);
     write(writer);
+    writer.finish();
     return out;
 }
 

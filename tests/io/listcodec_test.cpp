@@ -15,7 +15,7 @@ namespace {
 
 bool readShorts(ColumnReader &reader, std::vector<qint16> &out)
 {
-    return sigdb::readListEntries(reader, 9, [&]() {
+    return sigdb::readListEntries(reader, 9, out, 6, [&]() {
         qint16 value = 0;
         if (!reader.readShortField(1, value))
             return false;
@@ -75,6 +75,34 @@ TEST(ListCodec, HugeCountStopsAtTheEndOfTheInput)
     std::vector<qint16> out;
     EXPECT_FALSE(readShorts(reader, out));
     EXPECT_EQ(out, std::vector<qint16>{5}) << "entries read before the failure stay";
+    EXPECT_LE(out.capacity(), 1u) << "room for no more entries than the six bytes after the count hold";
+}
+
+TEST(ListCodec, ReservesWhatTheBytesLeftCanHold)
+{
+    const QByteArray data = bytes("0009 0008 0000000000000003  0001 0002 0005  0001 0002 0006  0001 0002 0007");
+    ColumnReader reader(data);
+    std::vector<qint16> out;
+    EXPECT_TRUE(readShorts(reader, out));
+    EXPECT_EQ(out, (std::vector<qint16>{5, 6, 7}));
+    EXPECT_EQ(out.capacity(), 3u) << "reserved once, before the first entry";
+}
+
+TEST(ListCodec, MinimumEntrySizeIsFourBytesAFrameOfADefaultEntry)
+{
+    struct ThreeColumns
+    {
+        base::DbDataType<int> a, b;
+        base::DbDataType<std::string> c;
+        int setIDs(int start) { return start; }
+        void writeTo(ColumnWriter &writer) const
+        {
+            writer.write(a);
+            writer.write(b);
+            writer.write(c);
+        }
+    };
+    EXPECT_EQ(sigdb::minimumEntrySize<ThreeColumns>(), 12);
 }
 
 TEST(ListCodec, EntriesThatWouldReadFromNothingStopTheList)
@@ -84,7 +112,8 @@ TEST(ListCodec, EntriesThatWouldReadFromNothingStopTheList)
     const QByteArray data = bytes("0009 0008 7fffffffffffffff");
     ColumnReader reader(data);
     int entries = 0;
-    EXPECT_FALSE(sigdb::readListEntries(reader, 9, [&]() {
+    std::vector<int> unused;
+    EXPECT_FALSE(sigdb::readListEntries(reader, 9, unused, 4, [&]() {
         base::DbDataType<std::string> text;
         ++entries;
         return reader.read(text);

@@ -99,6 +99,7 @@ TEST_P(PropertyValueTest, WritesTheBlock)
     QByteArray out;
     PropertyWriter writer(out);
     writer.writeBlock(3, [&] { GetParam().write(writer); });
+    writer.finish();
     EXPECT_EQ(hex(out), hex(bytes(GetParam().block)));
 }
 
@@ -121,6 +122,7 @@ TEST(PropertyWriter, PatchesEverySizeOfConsecutiveBlocks)
     writer.writeBlock(1, [&] { writer.writeString("xyz"); });
     writer.writeBlock(2, [] {});
     writer.writeBlock(3, [&] { writer.writeBool(true); });
+    writer.finish();
     EXPECT_EQ(hex(out), hex(bytes("00000000 00000004 00000001"
                                   "00000001 00000008 00000004 78 79 7A 00"
                                   "00000002 00000000"
@@ -137,7 +139,51 @@ TEST(PropertyWriter, NestedStreamInsideABlock)
     QByteArray out;
     PropertyWriter writer(out);
     writer.writeBlock(1, [&] { writer.writeBytes(nested); });
+    writer.finish();
     EXPECT_EQ(hex(out), hex(bytes("00000001 00000010 0000000C 00000000 00000004 00000002")));
+}
+
+TEST(PropertyWriter, NestedRecordWrittenInPlace)
+{
+    QByteArray out;
+    {
+        PropertyWriter writer(out);
+        writer.writeBlock(1, [&] { writer.writeNested([&] { writer.writeBlock(0, [&] { writer.writeInt32(2); }); }); });
+    }
+    EXPECT_EQ(hex(out), hex(bytes("00000001 00000010 0000000C 00000000 00000004 00000002")));
+}
+
+TEST(PropertyWriter, TheArrayHoldsTheBytesOnceTheWriterIsDone)
+{
+    QByteArray out;
+    {
+        PropertyWriter writer(out);
+        for (qint32 i = 0; i < 1000; ++i)
+            writer.writeInt32(i);
+    }
+    ASSERT_EQ(out.size(), 4000) << "grown past its first capacity and cut back to what was written";
+    EXPECT_EQ(hex(out.right(4)), "00 00 03 e7");
+}
+
+TEST(PropertyReader, NestedReaderSeesOnlyTheArrayContents)
+{
+    PropertyReader reader(bytes("0000000C 00000000 00000004 00000002 00000001 00000004 00000009"));
+    PropertyReader nested = reader.readNested();
+    EXPECT_EQ(nested.bytesLeft(), 12);
+    ASSERT_EQ(nested.findBlock(0), PropertyReader::Block::Found);
+    qint32 value = 0;
+    nested.readInt32(value);
+    EXPECT_EQ(value, 2);
+    EXPECT_EQ(nested.findBlock(1), PropertyReader::Block::EndOfStream) << "the outer block is not the nested record's";
+    EXPECT_EQ(reader.offset(), 16);
+}
+
+TEST(PropertyReader, NestedArrayCutShortGivesAnEmptyReaderAndEndsTheOuter)
+{
+    PropertyReader reader(bytes("00000010 00000000 00000004"));
+    PropertyReader nested = reader.readNested();
+    EXPECT_TRUE(nested.atEnd());
+    EXPECT_TRUE(reader.atEnd());
 }
 
 // ---------------------------------------------------------------------------------------------

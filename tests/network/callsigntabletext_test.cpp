@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 #include <string>

@@ -42,6 +42,7 @@ QByteArray encode(const RefDatatypeOrder<T> &column)
     QByteArray out;
     ColumnWriter writer(out);
     column.writeTo(writer);
+    writer.finish();
     return out;
 }
 
