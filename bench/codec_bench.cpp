@@ -1,6 +1,7 @@
-// Encoding and decoding of the large records a client meets, each beside its floor: the same
-// bytes written and read with bare QDataStream calls and no record logic (framefloor.h).
-// Compare a record's bytes_per_second with its floor's in the same run.
+// Encoding and decoding of the large records a client meets, each beside three references on
+// the same bytes (framefloor.h): the floor (bare QDataStream calls, no record logic), the limit
+// (a bounds-checked raw-pointer walk over the same frames) and a memcpy of the whole encoding.
+// Compare a record's bytes_per_second with the others' in the same run.
 
 #include "framefloor.h"
 
@@ -13,6 +14,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -202,6 +204,40 @@ void floorWriteFrames(benchmark::State &state, const QByteArray &data)
     state.SetBytesProcessed(state.iterations() * data.size());
 }
 
+void limitWriteFrames(benchmark::State &state, const QByteArray &data)
+{
+    const std::vector<sigdbbench::Frame> frames = sigdbbench::columnFrames(data);
+    if (sigdbbench::writeFramesRaw(frames) != data)
+        state.SkipWithError("the limit does not write the same bytes");
+    for (auto _ : state) {
+        const QByteArray out = sigdbbench::writeFramesRaw(frames);
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+
+void limitReadFrames(benchmark::State &state, const QByteArray &data)
+{
+    const std::vector<sigdbbench::Frame> layout = sigdbbench::columnFrames(data);
+    for (auto _ : state) {
+        std::vector<sigdbbench::Frame> frames;
+        sigdbbench::readFramesRaw(data, layout, frames);
+        benchmark::DoNotOptimize(frames.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+
+/// A fresh array of the encoding's size with the encoding copied in: what moving the bytes costs.
+void copyBytes(benchmark::State &state, const QByteArray &data)
+{
+    for (auto _ : state) {
+        QByteArray out(data.size(), Qt::Uninitialized);
+        std::memcpy(out.data(), data.constData(), static_cast<size_t>(data.size()));
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+
 void floorReadFrames(benchmark::State &state, const QByteArray &data)
 {
     const std::vector<sigdbbench::Frame> layout = sigdbbench::columnFrames(data);
@@ -213,16 +249,22 @@ void floorReadFrames(benchmark::State &state, const QByteArray &data)
     state.SetBytesProcessed(state.iterations() * data.size());
 }
 
-// The four measurements of one column-stream record.
+// The measurements of one column-stream record: the codec, the floor, the limit and memcpy.
 #define SIGDB_COLUMN_CODEC_BENCHMARKS(Name, Record, make)                                       \
     void BM_##Name##_Encode(benchmark::State &state) { encodeRecord(state, make()); }            \
     void BM_##Name##_Decode(benchmark::State &state) { decodeColumnRecord<Record>(state, encoded(make())); } \
     void BM_##Name##_FloorWrite(benchmark::State &state) { floorWriteFrames(state, encoded(make())); } \
     void BM_##Name##_FloorRead(benchmark::State &state) { floorReadFrames(state, encoded(make())); } \
+    void BM_##Name##_LimitWrite(benchmark::State &state) { limitWriteFrames(state, encoded(make())); } \
+    void BM_##Name##_LimitRead(benchmark::State &state) { limitReadFrames(state, encoded(make())); } \
+    void BM_##Name##_Memcpy(benchmark::State &state) { copyBytes(state, encoded(make())); }      \
     BENCHMARK(BM_##Name##_Encode)->Unit(benchmark::kMillisecond);                                \
     BENCHMARK(BM_##Name##_FloorWrite)->Unit(benchmark::kMillisecond);                            \
+    BENCHMARK(BM_##Name##_LimitWrite)->Unit(benchmark::kMillisecond);                            \
     BENCHMARK(BM_##Name##_Decode)->Unit(benchmark::kMillisecond);                                \
-    BENCHMARK(BM_##Name##_FloorRead)->Unit(benchmark::kMillisecond);
+    BENCHMARK(BM_##Name##_FloorRead)->Unit(benchmark::kMillisecond);                             \
+    BENCHMARK(BM_##Name##_LimitRead)->Unit(benchmark::kMillisecond);                             \
+    BENCHMARK(BM_##Name##_Memcpy)->Unit(benchmark::kMillisecond);
 
 SIGDB_COLUMN_CODEC_BENCHMARKS(OverviewList10k, ElementOverviewList, overviewList)
 SIGDB_COLUMN_CODEC_BENCHMARKS(DetailsList1kx200, ElementDetailsList, detailsList)
@@ -273,5 +315,40 @@ void BM_VersionInfoVector10k_FloorRead(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * data.size());
 }
 BENCHMARK(BM_VersionInfoVector10k_FloorRead)->Unit(benchmark::kMillisecond);
+
+void BM_VersionInfoVector10k_LimitWrite(benchmark::State &state)
+{
+    const VersionInfoVector vector = versionVector();
+    const std::vector<Block> blocks = versionBlocks(vector);
+    const QByteArray data = encoded(vector);
+    if (sigdbbench::writeBlocksRaw(blocks) != data)
+        state.SkipWithError("the limit does not write the same bytes");
+    for (auto _ : state) {
+        const QByteArray out = sigdbbench::writeBlocksRaw(blocks);
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+BENCHMARK(BM_VersionInfoVector10k_LimitWrite)->Unit(benchmark::kMillisecond);
+
+void BM_VersionInfoVector10k_LimitRead(benchmark::State &state)
+{
+    const VersionInfoVector vector = versionVector();
+    const std::vector<Block> layout = versionBlocks(vector);
+    const QByteArray data = encoded(vector);
+    for (auto _ : state) {
+        std::vector<Block> blocks;
+        sigdbbench::readBlocksRaw(data, layout, blocks);
+        benchmark::DoNotOptimize(blocks.data());
+    }
+    state.SetBytesProcessed(state.iterations() * data.size());
+}
+BENCHMARK(BM_VersionInfoVector10k_LimitRead)->Unit(benchmark::kMillisecond);
+
+void BM_VersionInfoVector10k_Memcpy(benchmark::State &state)
+{
+    copyBytes(state, encoded(versionVector()));
+}
+BENCHMARK(BM_VersionInfoVector10k_Memcpy)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -5,6 +5,11 @@
 // with bare QDataStream calls and no record logic. A record's encoding is taken apart once
 // into its frames (column stream) or blocks (property stream); the floor then writes and reads
 // exactly those with one stream call per primitive.
+//
+// Beside the floor stands the limit: the same frames and blocks written and read through a raw
+// pointer into one contiguous array, with a bounds check per value and a byte-swapping load or
+// store (qFromBigEndian/qToBigEndian), the output sized once. No codec of these formats can do
+// less work; a codec's speed is best read as a fraction of the limit's.
 
 #include <QByteArray>
 #include <QDataStream>
@@ -32,6 +37,10 @@ QByteArray writeFrames(const std::vector<Frame> &frames);
 /// numbers into integers), as a decoder with no record logic would.
 void readFrames(const QByteArray &encoded, const std::vector<Frame> &layout, std::vector<Frame> &out);
 
+/// The limit's writer and reader of \a frames, doing what writeFrames() and readFrames() do.
+QByteArray writeFramesRaw(const std::vector<Frame> &frames);
+void readFramesRaw(const QByteArray &encoded, const std::vector<Frame> &layout, std::vector<Frame> &out);
+
 /// One block of the property stream; a nested record is a list of blocks of its own.
 struct Block
 {
@@ -48,6 +57,10 @@ struct Block
 QByteArray writeBlocks(const std::vector<Block> &blocks);
 /// Reads blocks laid out as \a layout with bare stream calls into \a out.
 void readBlocks(const QByteArray &encoded, const std::vector<Block> &layout, std::vector<Block> &out);
+
+/// The limit's writer and reader of \a blocks, doing what writeBlocks() and readBlocks() do.
+QByteArray writeBlocksRaw(const std::vector<Block> &blocks);
+void readBlocksRaw(const QByteArray &encoded, const std::vector<Block> &layout, std::vector<Block> &out);
 
 } // namespace sigdbbench
 
