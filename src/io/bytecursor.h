@@ -42,6 +42,9 @@ public:
         return at;
     }
 
+    /// Gives back the last \a size bytes claimed and not needed after all.
+    void unclaim(qint64 size) { m_cursor -= size; }
+
     /// Stores \a value big-endian at \a at and returns the position after it.
     template <typename T>
     static char *store(char *at, T value)

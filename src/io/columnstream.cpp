@@ -15,6 +15,49 @@ qint16 textFrameSize(size_t length)
     return size == 0 ? qint16(-1) : size;
 }
 
+constexpr quint64 kOnes = 0x0101010101010101ULL;
+constexpr quint64 kHighs = 0x8080808080808080ULL;
+
+/// Whether one of the eight bytes of \a word is zero.
+constexpr bool hasZeroByte(quint64 word)
+{
+    return ((word - kOnes) & ~word & kHighs) != 0;
+}
+
+/// The length of a C string held in \a size bytes: up to its first zero byte, if any. Column
+/// texts are short, so the bytes are looked at eight at a time in place rather than through a
+/// library call.
+size_t textLength(const char *text, size_t size)
+{
+    size_t at = 0;
+    for (; at + 8 <= size; at += 8) {
+        quint64 word = 0;
+        std::memcpy(&word, text + at, sizeof word);
+        if (hasZeroByte(word))
+            break;
+    }
+    while (at < size && text[at] != '\0')
+        ++at;
+    return at;
+}
+
+/// Copies the C string held in \a size bytes of \a text to \a out, up to its first zero byte,
+/// in one pass, and returns its length. \a out has room for \a size bytes.
+size_t copyText(char *out, const char *text, size_t size)
+{
+    size_t at = 0;
+    for (; at + 8 <= size; at += 8) {
+        quint64 word = 0;
+        std::memcpy(&word, text + at, sizeof word);
+        if (hasZeroByte(word))
+            break;
+        std::memcpy(out + at, &word, sizeof word);
+    }
+    for (; at < size && text[at] != '\0'; ++at)
+        out[at] = text[at];
+    return at;
+}
+
 } // namespace
 
 // ---------------------------------------------------------------------------------------------
@@ -26,7 +69,7 @@ void ColumnWriter::write(const base::DbDataType<std::string> &value)
         return writeHeader(value.getID(), 0);
     // Texts travel as C strings: a string holding a zero byte is cut there.
     const std::string &text = value.getData();
-    writeText(value.getID(), text.c_str(), std::strlen(text.c_str()));
+    writeText(value.getID(), text.data(), text.size());
 }
 
 void ColumnWriter::writeUntagged(const base::DbDataType<std::string> &value)
@@ -34,7 +77,7 @@ void ColumnWriter::writeUntagged(const base::DbDataType<std::string> &value)
     if (value.isNull())
         return writeHeader(value.getID(), 0);
     const std::string &text = value.getData();
-    writeText(0, text.c_str(), std::strlen(text.c_str()));
+    writeText(0, text.data(), text.size());
 }
 
 void ColumnWriter::writeFlags(int tag, const std::vector<bool> &flags)
@@ -46,17 +89,21 @@ void ColumnWriter::writeFlags(int tag, const std::vector<bool> &flags)
 
 void ColumnWriter::writeTextField(int tag, const QByteArray &text)
 {
-    writeText(tag, text.constData(), qstrnlen(text.constData(), static_cast<uint>(text.size())));
+    writeText(tag, text.constData(), static_cast<size_t>(text.size()));
 }
 
-void ColumnWriter::writeText(int tag, const char *text, size_t length)
+void ColumnWriter::writeText(int tag, const char *text, size_t size)
 {
-    // The value is QDataStream's C string: quint32 length + 1, the bytes and a zero byte (the
-    // one that ends the C string, or the array's terminator for a QByteArray).
-    const auto wireLength = static_cast<quint32>(length + 1);
-    char *at = frame(tag, textFrameSize(length), 4 + static_cast<qint64>(wireLength));
-    at = ByteWriter::store(at, wireLength);
-    std::memcpy(at, text, wireLength);
+    // The value is QDataStream's C string: quint32 length + 1, the characters and a zero byte.
+    // A text holding a zero byte is cut there, so the characters are copied while they are
+    // looked for it, and the frame is claimed for the longest outcome and trimmed after.
+    const auto room = static_cast<qint64>(size) + 1;
+    char *at = frame(tag, 0, 4 + room);
+    const size_t length = copyText(at + 4, text, size);
+    at[4 + length] = '\0';
+    m_bytes.unclaim(static_cast<qint64>(size - length));
+    ByteWriter::store(at - 2, textFrameSize(length));
+    ByteWriter::store(at, static_cast<quint32>(length + 1));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -105,27 +152,38 @@ bool ColumnReader::readTextField(int tag, QByteArray &text)
     readHeader(frameTag, size);
     if (size == 0)
         return false;
-    std::string read;
-    if (!readCString(read))
+    const char *bytes = nullptr;
+    size_t length = 0;
+    if (!takeCString(bytes, length))
         return false;
-    text = QByteArray(read.data(), static_cast<int>(read.size()));
+    text = QByteArray(bytes, static_cast<int>(length));
     return frameTag == static_cast<qint16>(tag);
 }
 
 bool ColumnReader::readCString(std::string &text)
 {
+    const char *bytes = nullptr;
+    size_t length = 0;
+    if (!takeCString(bytes, length))
+        return false;
+    text.assign(bytes, length);
+    return true;
+}
+
+bool ColumnReader::takeCString(const char *&text, size_t &length)
+{
     // The layout of QDataStream's C string: quint32 length counting the terminating zero
     // byte, then the bytes. A length of 0 carries no text at all. The length is checked
     // against the bytes that are really there before anything is allocated; a text cut short
-    // by the end of the input fails, its bytes consumed.
-    const quint32 length = m_bytes.takeOrZero<quint32>();
-    if (length == 0 || length > static_cast<quint64>(m_bytes.bytesLeft())) {
-        m_bytes.skip(length);
+    // by the end of the input fails, its bytes consumed. The text ends at its first zero byte.
+    const quint32 wireLength = m_bytes.takeOrZero<quint32>();
+    if (wireLength == 0 || wireLength > static_cast<quint64>(m_bytes.bytesLeft())) {
+        m_bytes.skip(wireLength);
         return false;
     }
-    const char *bytes = m_bytes.cursor();
-    text.assign(bytes, qstrnlen(bytes, length));
-    m_bytes.skip(length);
+    text = m_bytes.cursor();
+    length = textLength(text, wireLength);
+    m_bytes.skip(wireLength);
     return true;
 }
 

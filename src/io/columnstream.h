@@ -108,7 +108,8 @@ private:
             return writeHeader(value.getID(), 0);
         writeValue(value.getID(), static_cast<Wire>(static_cast<Via>(value.getData())));
     }
-    void writeText(int tag, const char *text, size_t length);
+    /// A text frame: the C string held in \a size bytes of \a text, cut at its first zero byte.
+    void writeText(int tag, const char *text, size_t size);
 
     ByteWriter m_bytes;
     qint64 m_frames = 0;
@@ -236,6 +237,8 @@ private:
         return ok && !field.isNull();
     }
     bool readCString(std::string &text);
+    /// Consumes a C string and hands out its characters in place.
+    bool takeCString(const char *&text, size_t &length);
 
     QByteArray m_source; // keeps the bytes alive while the reader points into them
     ByteReader m_bytes;
