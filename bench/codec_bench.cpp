@@ -13,6 +13,12 @@
 
 #include <benchmark/benchmark.h>
 
+#ifdef SIGDB_BENCH_PROTOBUF
+#include "overviewmirror.pb.h"
+
+#include <google/protobuf/arena.h>
+#endif
+
 #include <cstdlib>
 #include <cstring>
 
@@ -350,5 +356,124 @@ void BM_VersionInfoVector10k_Memcpy(benchmark::State &state)
     copyBytes(state, encoded(versionVector()));
 }
 BENCHMARK(BM_VersionInfoVector10k_Memcpy)->Unit(benchmark::kMillisecond);
+
+#ifdef SIGDB_BENCH_PROTOBUF
+// ---------------------------------------------------------------------------------------------
+// The same 10k overviews as a protobuf message: serialize, and parse onto the heap and into an
+// arena. Compare with OverviewList10k_Encode and _Decode of the same run.
+
+template <typename Set>
+void mirrorText(const base::DbDataType<std::string> &value, Set set)
+{
+    if (!value.isNull())
+        set(value.getData());
+}
+
+template <typename Column, typename Set>
+void mirrorNumber(const Column &value, Set set)
+{
+    if (!value.isNull())
+        set(value.getData());
+}
+
+void mirrorElement(const SigdbElement &element, sigdbbench::Element &out)
+{
+    out.set_type(element.type());
+    out.set_sub_type(element.subType());
+    mirrorNumber(element.tid(), [&](unsigned long long tid) { out.set_tid(tid); });
+    out.set_approval_type(element.approvalType());
+    out.set_apv_state(element.apvState());
+    out.set_change_type(element.changeType());
+    out.set_layer(element.layer());
+    mirrorText(element.exchgId(), [&](const std::string &text) { out.set_exchg_id(text); });
+    mirrorText(element.modificationUser(), [&](const std::string &text) { out.set_modification_user(text); });
+}
+
+void mirrorLocation(const LocationEntry &location, sigdbbench::Location &out)
+{
+    mirrorNumber(location.latitude, [&](double value) { out.set_latitude(value); });
+    mirrorNumber(location.longitude, [&](double value) { out.set_longitude(value); });
+    mirrorText(location.validFrom, [&](const std::string &text) { out.set_valid_from(text); });
+    mirrorNumber(location.indication, [&](int value) { out.set_indication(value); });
+    mirrorNumber(location.modification, [&](int value) { out.set_modification(value); });
+}
+
+void mirrorOverview(const ElementOverview &overview, sigdbbench::Overview &out)
+{
+    mirrorElement(overview.element, *out.mutable_element());
+    mirrorText(overview.keyText1, [&](const std::string &text) { out.set_key_text1(text); });
+    mirrorText(overview.keyText2, [&](const std::string &text) { out.set_key_text2(text); });
+    mirrorText(overview.keyText3, [&](const std::string &text) { out.set_key_text3(text); });
+    mirrorNumber(overview.locationIndication, [&](int value) { out.set_location_indication(value); });
+    mirrorNumber(overview.modificationState, [&](int value) { out.set_modification_state(value); });
+    mirrorNumber(overview.collocationModState, [&](int value) { out.set_collocation_mod_state(value); });
+    mirrorNumber(overview.orderNumber, [&](int value) { out.set_order_number(value); });
+    mirrorNumber(overview.linkModificationState, [&](int value) { out.set_link_modification_state(value); });
+    mirrorNumber(overview.networkTypeWord, [&](int value) { out.set_network_type_word(value); });
+    mirrorNumber(overview.auxiliaryTid, [&](unsigned long long value) { out.set_auxiliary_tid(value); });
+    for (const SigdbElement &link : overview.uniqueLinks.container())
+        mirrorElement(link, *out.add_unique_links());
+    mirrorNumber(overview.collocationGroupLeader, [&](bool value) { out.set_collocation_group_leader(value); });
+    mirrorElement(overview.relatedElement, *out.mutable_related_element());
+    mirrorText(overview.exchgIdText, [&](const std::string &text) { out.set_exchg_id_text(text); });
+    mirrorText(overview.infoText2, [&](const std::string &text) { out.set_info_text2(text); });
+    mirrorText(overview.infoText3, [&](const std::string &text) { out.set_info_text3(text); });
+    mirrorText(overview.infoText4, [&](const std::string &text) { out.set_info_text4(text); });
+    mirrorLocation(overview.location, *out.mutable_location());
+    for (const LocationEntry &location : overview.locationList.container())
+        mirrorLocation(location, *out.add_location_list());
+}
+
+sigdbbench::OverviewList mirrorList(const ElementOverviewList &list)
+{
+    sigdbbench::OverviewList out;
+    mirrorElement(list.parentDefinition(), *out.mutable_parent());
+    mirrorLocation(list.collocatedLocation(), *out.mutable_collocated_location());
+    for (const ElementOverview &overview : list.results())
+        mirrorOverview(overview, *out.add_results());
+    return out;
+}
+
+void BM_OverviewList10k_ProtobufSerialize(benchmark::State &state)
+{
+    const sigdbbench::OverviewList mirror = mirrorList(overviewList());
+    qint64 size = 0;
+    for (auto _ : state) {
+        std::string out;
+        mirror.SerializeToString(&out);
+        size = static_cast<qint64>(out.size());
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * size);
+}
+BENCHMARK(BM_OverviewList10k_ProtobufSerialize)->Unit(benchmark::kMillisecond);
+
+void BM_OverviewList10k_ProtobufParse(benchmark::State &state)
+{
+    const std::string data = mirrorList(overviewList()).SerializeAsString();
+    for (auto _ : state) {
+        sigdbbench::OverviewList list;
+        if (!list.ParseFromString(data))
+            state.SkipWithError("did not parse");
+        benchmark::DoNotOptimize(&list);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<qint64>(data.size()));
+}
+BENCHMARK(BM_OverviewList10k_ProtobufParse)->Unit(benchmark::kMillisecond);
+
+void BM_OverviewList10k_ProtobufParseArena(benchmark::State &state)
+{
+    const std::string data = mirrorList(overviewList()).SerializeAsString();
+    for (auto _ : state) {
+        google::protobuf::Arena arena;
+        auto *list = google::protobuf::Arena::CreateMessage<sigdbbench::OverviewList>(&arena);
+        if (!list->ParseFromString(data))
+            state.SkipWithError("did not parse");
+        benchmark::DoNotOptimize(list);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<qint64>(data.size()));
+}
+BENCHMARK(BM_OverviewList10k_ProtobufParseArena)->Unit(benchmark::kMillisecond);
+#endif
 
 } // namespace

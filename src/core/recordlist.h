@@ -51,13 +51,9 @@ protected:
     /// cut short by the end of the bytes) fails the list; the entries before it stay.
     bool readEntries(ColumnReader &reader, int countTag)
     {
-        return readListEntries(reader, countTag, this->m_entries, minimumEntrySize<Entry>(), [this, &reader] {
-            Entry entry;
+        return readListEntries(reader, countTag, this->m_entries, minimumEntrySize<Entry>(), [this, &reader](Entry &entry) {
             entry.setIDs(this->m_startId);
-            if (!entry.readFrom(reader))
-                return false;
-            this->m_entries.push_back(std::move(entry));
-            return true;
+            return entry.readFrom(reader);
         });
     }
 };

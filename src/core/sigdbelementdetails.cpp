@@ -98,8 +98,7 @@ void SigdbElementDetails::writeTo(ColumnWriter &writer) const
 
     const int textCount = count16(m_columns.size());
     writer.writeShortField(ColumnTextsTag, static_cast<qint16>(textCount));
-    for (int i = 0; i < textCount; ++i)
-        writer.writeUntagged(m_columns[static_cast<size_t>(i)]);
+    writer.writeUntagged(m_columns.data(), static_cast<size_t>(textCount));
 
     const int includedCount = count16(m_included.size());
     writer.writeShortField(IncludedDetailsTag, static_cast<qint16>(includedCount));

@@ -77,14 +77,10 @@ bool ElementDetailsList::readFrom(ColumnReader &reader)
 
     int nextId = m_startId;
     return readListEntries(reader, CountTag, m_entries, minimumEntrySize<ElementDetails>(writeDetail),
-                           [this, &reader, &nextId]() {
-        ElementDetails details;
-        nextId = details.setIDs(nextId);
-        if (!readDetail(reader, details))
-            return false;
-        m_entries.push_back(std::move(details));
-        return true;
-    });
+                           [&reader, &nextId](ElementDetails &details) {
+                               nextId = details.setIDs(nextId);
+                               return readDetail(reader, details);
+                           });
 }
 
 void ElementDetailsList::writeDetail(ColumnWriter &writer, const ElementDetails &details)

@@ -142,24 +142,16 @@ bool ElementOverviewList::readFrom(ColumnReader &reader)
         return false;
 
     reserveEntries(m_results, reader, resultCount, minimumEntrySize<ElementOverview>());
-    if (!readCountedEntries(reader, resultCount, [this, &reader]() {
-            ElementOverview result;
+    if (!readCountedEntries(reader, resultCount, m_results, [this, &reader](ElementOverview &result) {
             result.setIDs(m_startId);
-            if (!result.readFrom(reader))
-                return false;
-            m_results.push_back(std::move(result));
-            return true;
+            return result.readFrom(reader);
         }))
         return false;
     // Sub-lists grow as they are read: reserving at every level of a deep nesting would add up
     // to more than the bytes could fill.
-    return readCountedEntries(reader, subListCount, [this, &reader]() {
-        ElementOverviewList subList;
+    return readCountedEntries(reader, subListCount, m_subLists, [this, &reader](ElementOverviewList &subList) {
         subList.setIDs(m_startId);
-        if (!subList.readFrom(reader))
-            return false;
-        m_subLists.push_back(std::move(subList));
-        return true;
+        return subList.readFrom(reader);
     });
 }
 

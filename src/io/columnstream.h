@@ -80,6 +80,8 @@ public:
     void write(const base::DbDataType<std::string> &value);
     /// A text that is not a numbered column: tag 0, except that a NULL text keeps its own id.
     void writeUntagged(const base::DbDataType<std::string> &value);
+    /// The first \a count texts from \a values, each as writeUntagged() writes it.
+    void writeUntagged(const base::DbDataType<std::string> *values, size_t count);
 
     /// Profile parameter flags: a count frame and one one-byte frame per flag, all under \a tag.
     void writeFlags(int tag, const std::vector<bool> &flags);
@@ -175,7 +177,22 @@ public:
         value.setNull(number.isNull());
         return ok;
     }
-    bool read(base::DbDataType<std::string> &value);
+    bool read(base::DbDataType<std::string> &value)
+    {
+        qint16 tag = 0;
+        qint16 size = 0;
+        readHeader(tag, size);
+        const bool tagMatches = tag == static_cast<qint16>(value.getID());
+        const char *text = nullptr;
+        size_t length = 0;
+        if (size == 0 || !takeCString(text, length)) {
+            value.setNull(true);
+            return size == 0 && tagMatches;
+        }
+        value.getData().assign(text, length);
+        value.setNull(false);
+        return tagMatches;
+    }
     bool readUntagged(base::DbDataType<std::string> &value) { return read(value); }
 
     bool readFlags(int tag, std::vector<bool> &flags);
@@ -236,8 +253,8 @@ private:
         value = field.getData();
         return ok && !field.isNull();
     }
-    bool readCString(std::string &text);
-    /// Consumes a C string and hands out its characters in place.
+    /// Consumes a C string and hands out its characters in place: false on a length of 0 or
+    /// one that runs past the end of the input.
     bool takeCString(const char *&text, size_t &length);
 
     QByteArray m_source; // keeps the bytes alive while the reader points into them

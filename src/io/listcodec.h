@@ -57,24 +57,29 @@ void reserveEntries(std::vector<Entry> &entries, const ColumnReader &reader, qin
         entries.reserve(entries.size() + static_cast<size_t>(fit));
 }
 
-/// Calls \a readEntry once per entry of an already read \a count (a count below 1 reads
-/// nothing). An entry that would have to be read from an exhausted stream fails the list, so
-/// an announced count never makes the reader loop or allocate beyond the bytes that are really
-/// there. For lists whose counts travel apart from their entries.
-template <typename ReadEntry>
-bool readCountedEntries(ColumnReader &reader, qint64 count, ReadEntry readEntry)
+/// Reads \a count entries (a count below 1 reads nothing) into \a entries, each built in place
+/// at the end and handed to \a readEntry, which numbers and decodes it and returns whether that
+/// worked; an entry that fails is taken out again and fails the list. An entry that would have
+/// to be read from an exhausted stream fails the list, so an announced count never makes the
+/// reader loop or allocate beyond the bytes that are really there. For lists whose counts
+/// travel apart from their entries.
+template <typename Entry, typename ReadEntry>
+bool readCountedEntries(ColumnReader &reader, qint64 count, std::vector<Entry> &entries, ReadEntry readEntry)
 {
     for (qint64 i = 0; i < count; ++i) {
-        if (reader.atEnd() || !readEntry())
+        if (reader.atEnd())
             return false;
+        if (!readEntry(entries.emplace_back())) {
+            entries.pop_back();
+            return false;
+        }
     }
     return true;
 }
 
-/// Reads the count frame and then calls \a readEntry once per announced entry; \a readEntry
-/// builds, numbers, decodes and appends one entry to \a entries and returns whether that
-/// worked. Room for the entries is reserved first, as far as the bytes left could hold entries
-/// of \a minimumSize bytes.
+/// Reads the count frame and then every announced entry into \a entries, as
+/// readCountedEntries() does; room for the entries is reserved first, as far as the bytes left
+/// could hold entries of \a minimumSize bytes.
 ///
 /// A count frame with another tag or size fails the list; a count below 1 ends it. An entry
 /// takes at least one frame, so an entry that would have to be read from an exhausted stream
@@ -88,7 +93,7 @@ bool readListEntries(ColumnReader &reader, int countTag, std::vector<Entry> &ent
     if (!reader.readLongField(countTag, count))
         return false;
     reserveEntries(entries, reader, count, minimumSize);
-    return readCountedEntries(reader, count, readEntry);
+    return readCountedEntries(reader, count, entries, readEntry);
 }
 
 } // namespace sigdb

@@ -15,13 +15,7 @@ namespace {
 
 bool readShorts(ColumnReader &reader, std::vector<qint16> &out)
 {
-    return sigdb::readListEntries(reader, 9, out, 6, [&]() {
-        qint16 value = 0;
-        if (!reader.readShortField(1, value))
-            return false;
-        out.push_back(value);
-        return true;
-    });
+    return sigdb::readListEntries(reader, 9, out, 6, [&](qint16 &value) { return reader.readShortField(1, value); });
 }
 
 } // namespace
@@ -112,11 +106,11 @@ TEST(ListCodec, EntriesThatWouldReadFromNothingStopTheList)
     const QByteArray data = bytes("0009 0008 7fffffffffffffff");
     ColumnReader reader(data);
     int entries = 0;
-    std::vector<int> unused;
-    EXPECT_FALSE(sigdb::readListEntries(reader, 9, unused, 4, [&]() {
-        base::DbDataType<std::string> text;
+    std::vector<base::DbDataType<std::string>> texts;
+    EXPECT_FALSE(sigdb::readListEntries(reader, 9, texts, 4, [&](base::DbDataType<std::string> &text) {
         ++entries;
         return reader.read(text);
     }));
+    EXPECT_TRUE(texts.empty());
     EXPECT_EQ(entries, 0);
 }

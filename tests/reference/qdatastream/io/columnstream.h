@@ -77,6 +77,11 @@ public:
     void write(const base::DbDataType<std::string> &value);
     /// A text that is not a numbered column: tag 0, except that a NULL text keeps its own id.
     void writeUntagged(const base::DbDataType<std::string> &value);
+    void writeUntagged(const base::DbDataType<std::string> *values, size_t count)
+    {
+        for (size_t i = 0; i < count; ++i)
+            writeUntagged(values[i]);
+    }
 
     /// Profile parameter flags: a count frame and one one-byte frame per flag, all under \a tag.
     void writeFlags(int tag, const std::vector<bool> &flags);
