@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 
 namespace sigdbbench {
@@ -512,11 +513,11 @@ void loadBlocks(RawCursor &cursor, const std::vector<Block> &layout, std::vector
         case Block::Vector: {
             const qint32 count = cursor.load<qint32>();
             if (!shape.strings.empty() || shape.items.empty()) {
-                block.strings.resize(static_cast<size_t>(qBound<qint64>(0, count, (cursor.end - cursor.at) / 5)));
+                block.strings.resize(static_cast<size_t>(std::clamp<qint64>(count, 0, (cursor.end - cursor.at) / 5)));
                 for (std::string &text : block.strings)
                     cursor.loadText(text);
             } else {
-                block.items.resize(static_cast<size_t>(qBound<qint64>(0, count, (cursor.end - cursor.at) / 4)));
+                block.items.resize(static_cast<size_t>(std::clamp<qint64>(count, 0, (cursor.end - cursor.at) / 4)));
                 for (size_t item = 0; item < block.items.size(); ++item)
                     loadNested(cursor, shape.items[item], block.items[item]);
             }

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 
@@ -136,7 +137,7 @@ public:
     }
 
     /// Moves over \a size bytes, or to the end if fewer are left; never backwards.
-    void skip(qint64 size) { m_cursor += qBound<qint64>(0, size, bytesLeft()); }
+    void skip(qint64 size) { m_cursor += std::clamp<qint64>(size, 0, bytesLeft()); }
     void skipToEnd() { m_cursor = m_end; }
     /// Moves back to \a position (one already passed).
     void rewind(qint64 position) { m_cursor = m_begin + position; }

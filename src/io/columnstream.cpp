@@ -1,5 +1,6 @@
 #include "io/columnstream.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace sigdb {
@@ -128,7 +129,7 @@ bool ColumnReader::readFlags(int tag, std::vector<bool> &flags)
         return false;
     std::vector<bool> read;
     // Every flag takes a five-byte frame, so the bytes left bound what is worth reserving.
-    read.reserve(static_cast<size_t>(qBound<qint64>(0, count, bytesLeft() / 5)));
+    read.reserve(static_cast<size_t>(std::clamp<qint64>(count, 0, bytesLeft() / 5)));
     for (qint16 i = 0; i < count; ++i) {
         qint8 flag = 0;
         if (!readByteField(tag, flag))
