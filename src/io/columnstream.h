@@ -231,6 +231,9 @@ private:
         if (size != static_cast<qint16>(sizeof(Wire)))
             return false;
         if (Q_UNLIKELY(!m_bytes.has(sizeof(Wire)))) {
+            // A value cut short by the end of the input fails the record. A bare stream would
+            // read it as zero; this reader is stricter on purpose, so that a truncated capture
+            // is never taken for a record holding zeros.
             m_bytes.skipToEnd();
             return false;
         }
