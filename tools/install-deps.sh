@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(
-    cmake ninja-build g++ pkg-config
+    cmake ninja-build g++ make pkg-config
     qtbase5-dev
     googletest libgtest-dev libgmock-dev
     libbenchmark-dev
