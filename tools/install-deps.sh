@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(
-    cmake ninja-build g++ make pkg-config
+    cmake ninja-build g++ make pkg-config dpkg-dev
     qtbase5-dev
     googletest libgtest-dev libgmock-dev
     libbenchmark-dev

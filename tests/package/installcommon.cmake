@@ -1,5 +1,5 @@
 # Shared by the installation tests: checks the variables a test passes, starts from an empty
-# work folder and installs the build tree into a fresh prefix inside it.
+# work folder and offers install_build_tree() into a fresh prefix inside it.
 foreach(var BUILD_DIR WORK_DIR LIBDIR ${REQUIRED_VARS})
     if(NOT DEFINED ${var})
         message(FATAL_ERROR "${var} is not set")
@@ -20,4 +20,6 @@ function(run)
     set(run_output "${out}" PARENT_SCOPE)
 endfunction()
 
-run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}")
+function(install_build_tree)
+    run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}")
+endfunction()

@@ -2,6 +2,7 @@
 # consumer project against that prefix alone.
 set(REQUIRED_VARS SOURCE_DIR GENERATOR)
 include("${CMAKE_CURRENT_LIST_DIR}/installcommon.cmake")
+install_build_tree()
 
 set(consumer_build "${WORK_DIR}/build")
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}" -B "${consumer_build}" -G "${GENERATOR}"

@@ -2,6 +2,7 @@
 # tool from there with no library search path set: it must find its libraries by itself.
 set(REQUIRED_VARS VERSION)
 include("${CMAKE_CURRENT_LIST_DIR}/installcommon.cmake")
+install_build_tree()
 
 set(moved "${WORK_DIR}/moved")
 file(RENAME "${prefix}" "${moved}")

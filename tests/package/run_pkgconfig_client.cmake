@@ -2,6 +2,7 @@
 # Makefile whose flags come from pkg-config, then runs it.
 set(REQUIRED_VARS MAKEFILE CLIENT_SOURCE CXX VERSION)
 include("${CMAKE_CURRENT_LIST_DIR}/installcommon.cmake")
+install_build_tree()
 
 set(client "${WORK_DIR}/client")
 file(COPY "${MAKEFILE}" "${CLIENT_SOURCE}" DESTINATION "${client}")
