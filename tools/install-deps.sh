@@ -3,8 +3,8 @@
 set -euo pipefail
 
 packages=(
-    cmake ninja-build g++ pkg-config
-    qtbase5-dev
+    cmake ninja-build g++ make pkg-config dpkg-dev
+    qtbase5-dev qt6-base-dev
     googletest libgtest-dev libgmock-dev
     libbenchmark-dev
     clang-14 libclang-rt-14-dev
