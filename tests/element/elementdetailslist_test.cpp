@@ -10,6 +10,7 @@
 #include "testsupport.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include "testsupport.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <gtest/gtest.h>
 
