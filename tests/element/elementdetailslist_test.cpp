@@ -123,6 +123,26 @@ TEST(ElementDetailsList, EmptyListEncoding)
     EXPECT_EQ(back.listNumber().getData(), 0);
 }
 
+TEST(ElementDetailsList, TheEncoderResetsTheCursorToTheStart)
+{
+    ElementDetailsList list;
+    ElementDetails first;
+    first.setType(1);
+    ElementDetails second;
+    second.setType(4);
+    list.appendDetails(first);
+    list.appendDetails(second);
+    ASSERT_EQ(list.getFirstDetail()->type(), 1);
+
+    QByteArray out;
+    list.serialize(out);
+    ElementDetails *next = list.getNextDetail();
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(next->type(), 1) << "after serialize() the iteration starts again at the first detail";
+    EXPECT_EQ(list.getNextDetail()->type(), 4);
+    EXPECT_EQ(list.getNextDetail(), nullptr);
+}
+
 TEST(ElementDetailsList, CountZeroDecodesEvenWhenTheListNumberDoesNot)
 {
     ElementDetailsList back;
