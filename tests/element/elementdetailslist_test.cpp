@@ -289,7 +289,7 @@ TEST(ElementDetailsList, CorruptCallsignTableTextFailsTheDetail)
     {
         QByteArray frame;
         sigdb::ColumnWriter writer(frame);
-        writer.writeTextField(1111, QByteArray("not a table"));
+        writer.writeTextField(1111, QByteArray("#%#%net:4:0")); // the network's type is no number
         corrupt += frame;
     }
     ElementDetailsList back;
