@@ -1,5 +1,6 @@
 // Callsign tables of networks with 1,000 to 100,000 connections: the merge of an edited table,
-// the star and the hierarchical conversion, and the text form in which tables travel.
+// the star and the hierarchical conversion, table equality, and the text form in which tables
+// travel.
 
 #include "network/callsigntable.h"
 
@@ -7,6 +8,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -164,6 +166,58 @@ void BM_AsHierarchical(benchmark::State &state)
     setConnections(state);
 }
 BENCHMARK(BM_AsHierarchical)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// Table equality on the two shapes that crowd equal keys together: sets whose entries are all
+// alike (here all NULL, as in sets without callsigns), and connections between the same two
+// elements that differ only in their TIDs and texts. Each table is compared with a copy whose
+// connections run in the reverse order.
+CallsignTable reversedCopy(const CallsignTable &table)
+{
+    CallsignTable copy = table;
+    std::vector<ConnectionEntry> &list = copy.connections.container();
+    std::reverse(list.begin(), list.end());
+    return copy;
+}
+
+void compareTables(benchmark::State &state, const CallsignTable &table)
+{
+    const CallsignTable other = reversedCopy(table);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(table == other);
+    if (!(table == other))
+        state.SkipWithError("the tables do not compare equal");
+    setConnections(state);
+}
+
+void BM_EqualityOfIdenticalCallsignEntries(benchmark::State &state)
+{
+    CallsignTable table = network(static_cast<int>(state.range(0)));
+    for (CallsignSet &set : table.sets.container()) {
+        for (CallsignEntry &entry : set.entries.container())
+            entry = CallsignEntry();
+    }
+    compareTables(state, table);
+}
+BENCHMARK(BM_EqualityOfIdenticalCallsignEntries)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void BM_EqualityOfConnectionsBetweenTheSameEnds(benchmark::State &state)
+{
+    CallsignTable table;
+    const int connections = static_cast<int>(state.range(0));
+    std::vector<ConnectionEntry> &list = table.connections.container();
+    list.reserve(static_cast<size_t>(connections));
+    for (int i = 0; i < connections; ++i) {
+        ConnectionEntry connection;
+        connection.fromDefinition = memberEnd(1);
+        connection.toDefinition = memberEnd(2);
+        connection.setTID(static_cast<unsigned long long>(i + 1));
+        connection.fromDefinition.secondText = "note " + std::to_string(i);
+        connection.modificationDate() = "2024-03-" + std::to_string(i);
+        list.push_back(connection);
+    }
+    compareTables(state, table);
+}
+BENCHMARK(BM_EqualityOfConnectionsBetweenTheSameEnds)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 void BM_TextWrite(benchmark::State &state)
 {

@@ -71,7 +71,7 @@ base::DbBaseType *ReferenceDocumentList::getCopy(const base::DbBaseType *source)
 
 void ReferenceDocumentList::reset()
 {
-    clear();
+    *this = ReferenceDocumentList();
 }
 
 void ReferenceDocumentList::serialize(QByteArray &) const {}

@@ -70,7 +70,8 @@ public:
     ReferenceDocumentList &operator=(const ReferenceDocumentList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
-    /// Removes every document.
+    /// Back to the default-constructed state: no documents, the cursor at the start, start id
+    /// 0 and no store type.
     void reset() override;
     /// Does nothing: the list is written by the element details that hold it (writeTo()).
     void serialize(QByteArray &out) const override;

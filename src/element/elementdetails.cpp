@@ -85,13 +85,9 @@ ElementDetails &ElementDetails::operator=(const ElementDetails &other)
 
 SigdbElement &ElementDetails::operator=(const SigdbElement &element)
 {
-    // The column store follows the element type, so a new type lays it out anew.
-    const int oldType = type();
+    // The identity only: the column values stay exactly as they are, even when the type
+    // changes. A caller who wants them laid out for the new type's table calls setType().
     SigdbElement::operator=(element);
-    if (element.type() != oldType) {
-        SigdbElement::setType(oldType);
-        setType(element.type());
-    }
     return *this;
 }
 

@@ -37,7 +37,9 @@ public:
 
     using SigdbElementDetails::operator=;
     ElementDetails &operator=(const ElementDetails &other);
-    /// Assigns the element identity only.
+    /// Assigns the element part only (identity, type, states, layer); the column values and
+    /// every other field stay as they are, also when the type changes (setType() lays the
+    /// columns out for a new type).
     SigdbElement &operator=(const SigdbElement &element) override;
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;

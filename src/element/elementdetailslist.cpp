@@ -46,7 +46,11 @@ void ElementDetailsList::reset()
 void ElementDetailsList::serialize(QByteArray &out) const
 {
     ColumnWriter writer(out);
-    const_cast<ElementDetailsList *>(this)->setIDs(0);
+    // Sending the list starts it afresh: it is numbered from 0, and an iteration begun before
+    // starts again from the first detail.
+    auto *self = const_cast<ElementDetailsList *>(this);
+    self->setIDs(0);
+    self->setIteratorToStart();
     writeTo(writer);
 }
 

@@ -32,6 +32,8 @@ public:
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
     /// Empties the list; the list number becomes 0 again.
     void reset() override;
+    /// Writes the stream form into \a out, numbered from 0; the cursor goes back to the first
+    /// detail.
     void serialize(QByteArray &out) const override;
     /// The list number and the start id become \a start + 1; the details are numbered one
     /// after the other from there. Returns the last detail's result (\a start + 1 when empty).

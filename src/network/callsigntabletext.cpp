@@ -75,7 +75,6 @@ struct Layout;
 template <>
 struct Layout<ConnectionEntry>
 {
-    static constexpr int ValueCount = 20;
     static const Level &level() { return kValueLevel; }
     static const Level &listLevel() { return kListLevel; }
 
@@ -108,7 +107,6 @@ struct Layout<ConnectionEntry>
 template <>
 struct Layout<CallsignSet>
 {
-    static constexpr int ValueCount = 3;
     static const Level &level() { return kSetLevel; }
     static const Level &listLevel() { return kListLevel; }
 
@@ -124,7 +122,6 @@ struct Layout<CallsignSet>
 template <>
 struct Layout<CallsignEntry>
 {
-    static constexpr int ValueCount = 4;
     static const Level &level() { return kValueLevel; }
     static const Level &listLevel() { return kEntryListLevel; }
 
@@ -141,7 +138,6 @@ struct Layout<CallsignEntry>
 template <>
 struct Layout<ElementOverview>
 {
-    static constexpr int ValueCount = 17;
     static const Level &level() { return kEntryListLevel; }
 
     template <typename Overview, typename Visit>
@@ -170,7 +166,6 @@ struct Layout<ElementOverview>
 template <>
 struct Layout<CallsignTable>
 {
-    static constexpr int ValueCount = 3;
     static const Level &level() { return kTableLevel; }
 
     template <typename Table, typename Visit>
@@ -184,14 +179,6 @@ struct Layout<CallsignTable>
 
 // ---------------------------------------------------------------------------------------------
 // Value texts: each writer beside its reader.
-
-enum class ReadResult {
-    Ok,
-    /// Some value did not read; it stays NULL (or default) and the rest was read.
-    BadValue,
-    /// The text does not have the record's number of parts.
-    WrongShape,
-};
 
 /// Digits only, with a leading "-" where \a signedNumber allows it.
 bool isDecimal(const QString &text, bool signedNumber)
@@ -306,8 +293,13 @@ QString valueText(const SigdbElement &element)
     return CallsignTableText::writeElementReference(element);
 }
 
+/// The empty text is the element's NULL, as for every other value: an undefined element.
 bool readValue(const QString &text, SigdbElement &element)
 {
+    if (text.isEmpty()) {
+        element.reset();
+        return true;
+    }
     return CallsignTableText::readElementReference(text, element);
 }
 
@@ -328,22 +320,21 @@ QString writeRecord(const Record &record)
     return Layout<Record>::level().join(parts);
 }
 
-/// Reads the values of \a record by position from \a text; values whose part is missing are
-/// left as they are.
+/// Reads the values of \a record by position from \a text. A position that the text does not
+/// reach reads as the empty text (NULL), and parts beyond the record's last value are ignored,
+/// so a record written with fewer or more values still lands in its own place. False when a
+/// value that is there does not read; it stays NULL and the others are read all the same.
 template <typename Record>
-ReadResult readRecord(const QString &text, Record &record)
+bool readRecord(const QString &text, Record &record)
 {
     const QStringList parts = Layout<Record>::level().split(text);
     bool valuesRead = true;
     int position = 0;
     Layout<Record>::visit(record, [&](auto &value) {
-        if (position < parts.size())
-            valuesRead = readValue(parts.at(position), value) && valuesRead;
+        valuesRead = readValue(parts.value(position), value) && valuesRead;
         ++position;
     });
-    if (parts.size() != Layout<Record>::ValueCount)
-        return ReadResult::WrongShape;
-    return valuesRead ? ReadResult::Ok : ReadResult::BadValue;
+    return valuesRead;
 }
 
 QString valueText(const ElementOverview &overview)
@@ -353,7 +344,7 @@ QString valueText(const ElementOverview &overview)
 
 bool readValue(const QString &text, ElementOverview &overview)
 {
-    return readRecord(text, overview) == ReadResult::Ok;
+    return readRecord(text, overview);
 }
 
 /// One text per entry, joined at the list's level; an empty list is the empty text.
@@ -366,22 +357,23 @@ QString valueText(const EntrySequence<Entry> &list)
     return Layout<Entry>::listLevel().join(parts);
 }
 
-/// Replaces the entries of \a list by one entry per part of \a text. An entry whose text has
-/// the wrong shape is left out: it holds nothing that could be trusted, and keeping it would
-/// let a few characters of input claim a whole record.
+/// Replaces the entries of \a list by one new entry per part of \a text, whatever the part
+/// holds: entry i of every callsign set belongs to connection i, so a part left out would move
+/// every later one onto the wrong connection. The entries cost memory in proportion to the
+/// parts that the text really holds (at most one record per two characters).
 template <typename Entry>
 bool readValue(const QString &text, EntrySequence<Entry> &list)
 {
     list.clear();
     if (text.isEmpty())
         return true;
+    const QStringList parts = Layout<Entry>::listLevel().split(text);
+    list.container().reserve(static_cast<size_t>(parts.size()));
     bool allRead = true;
-    for (const QString &part : Layout<Entry>::listLevel().split(text)) {
+    for (const QString &part : parts) {
         Entry entry;
-        const ReadResult result = readRecord(part, entry);
-        allRead = allRead && result == ReadResult::Ok;
-        if (result != ReadResult::WrongShape)
-            list.appendEntry(std::move(entry));
+        allRead = readRecord(part, entry) && allRead;
+        list.appendEntry(std::move(entry));
     }
     return allRead;
 }
@@ -396,7 +388,7 @@ QString CallsignTableText::write(const CallsignTable &table)
 bool CallsignTableText::read(const QString &text, CallsignTable &table)
 {
     table.reset();
-    return readRecord(text, table) == ReadResult::Ok;
+    return readRecord(text, table);
 }
 
 QByteArray CallsignTableText::writeUtf8(const CallsignTable &table)
@@ -423,7 +415,7 @@ QString CallsignTableText::writeOverview(const ElementOverview &overview)
 
 bool CallsignTableText::readOverview(const QString &text, ElementOverview &overview)
 {
-    return readRecord(text, overview) == ReadResult::Ok;
+    return readRecord(text, overview);
 }
 
 QString CallsignTableText::writeElementReference(const SigdbElement &element)

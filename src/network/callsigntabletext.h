@@ -53,9 +53,12 @@ class SigdbElement;
 /// An empty list is the empty text. A NULL text and an empty text both become the empty text
 /// and are read back as NULL.
 ///
-/// Reading never trusts the text: a record whose text has the wrong number of parts is left
-/// out, a value that does not read stays NULL (of an element reference only the numbers that
-/// read are set), and the reader reports false; everything readable is rebuilt.
+/// Reading goes by position. Every part of a list becomes one record (entry i of every set
+/// belongs to connection i, so no part may be left out); a position that a record's text does
+/// not reach reads as the empty text, so NULL (an element reference as the undefined element),
+/// and parts beyond a record's last value are ignored. Reading never trusts the text: a value
+/// that does not read stays NULL (of an element reference only the numbers that read are set)
+/// and the reader reports false; everything readable is rebuilt.
 class SIGDBREF_EXPORT CallsignTableText
 {
 public:

@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 // Hash indexes for the callsign table algorithms. Networks with tens of thousands of
@@ -29,6 +30,12 @@ template <typename T>
 std::size_t nullableHash(const base::DbDataType<T> &value)
 {
     return value.isNull() ? 0x6e756c6cU : std::hash<T>()(value.getData()) + 1;
+}
+
+/// Zero of either sign is one value to the equality of doubles, so it is one to the hash too.
+inline std::size_t nullableHash(const base::DbDataType<double> &value)
+{
+    return value.isNull() ? 0x6e756c6cU : std::hash<double>()(value.getData() + 0.0) + 1;
 }
 
 /// An element identity as a hashable key with exactly the equality of SigdbElement: equal
@@ -87,25 +94,47 @@ private:
     std::unordered_map<ElementKey, int, ElementKeyHash> m_positions;
 };
 
-/// Whether every entry of \a mine has an equal entry somewhere in \a other (order and repeats
-/// do not matter). \a hash must give equal entries equal hashes; the equality of the entries
-/// decides within a bucket.
-template <typename Entry, typename Hash>
-bool everyEntryFoundIn(const std::vector<Entry> &mine, const std::vector<Entry> &other, Hash hash)
+/// Whether every entry of \a mine matches some entry of \a other, in time linear in the two
+/// sizes however many entries are alike.
+///
+/// The match need not be an equivalence; it is expressed through keys on which equality is one.
+/// \a storedKeys(entry, add) calls add with every key under which an entry of \a other is to be
+/// found, \a wantedKeys(entry, find) calls find with keys of which any one that is stored marks a
+/// match for an entry of \a mine. \a hash and \a equal are the hash and the equality of the keys.
+/// Equal keys are stored once, so a thousand alike entries cost a thousand insertions into one
+/// place rather than a million comparisons. A key that is not equal to itself (a NaN somewhere)
+/// can match nothing and is not stored.
+template <typename Key, typename Entry, typename KeyHash, typename KeyEqual, typename StoredKeys,
+          typename WantedKeys>
+bool everyEntryMatchedIn(const std::vector<Entry> &mine, const std::vector<Entry> &other, KeyHash hash,
+                         KeyEqual equal, StoredKeys storedKeys, WantedKeys wantedKeys)
 {
-    std::unordered_multimap<std::size_t, const Entry *> byHash;
-    byHash.reserve(other.size());
-    for (const Entry &entry : other)
-        byHash.emplace(hash(entry), &entry);
+    std::unordered_set<Key, KeyHash, KeyEqual> stored(other.size(), hash, equal);
+    for (const Entry &entry : other) {
+        storedKeys(entry, [&stored, &equal](const Key &key) {
+            if (equal(key, key))
+                stored.insert(key);
+        });
+    }
     for (const Entry &entry : mine) {
-        const auto range = byHash.equal_range(hash(entry));
         bool found = false;
-        for (auto it = range.first; it != range.second && !found; ++it)
-            found = *it->second == entry;
+        wantedKeys(entry, [&stored, &found](const Key &key) { found = found || stored.count(key) != 0; });
         if (!found)
             return false;
     }
     return true;
+}
+
+/// Whether every entry of \a mine has an equal entry somewhere in \a other (order and repeats
+/// do not matter), for entries whose equality is an equivalence; \a hash must give equal
+/// entries equal hashes.
+template <typename Entry, typename Hash>
+bool everyEntryFoundIn(const std::vector<Entry> &mine, const std::vector<Entry> &other, Hash hash)
+{
+    const auto itself = [](const Entry &entry, auto &&use) { use(&entry); };
+    return everyEntryMatchedIn<const Entry *>(
+        mine, other, [hash](const Entry *entry) { return hash(*entry); },
+        [](const Entry *a, const Entry *b) { return *a == *b; }, itself, itself);
 }
 
 } // namespace sigdb

@@ -231,6 +231,24 @@ TEST(ReferenceDocumentList, EveryTruncationFails)
     }
 }
 
+TEST(ReferenceDocumentList, ResetReturnsTheDefaultConstructedState)
+{
+    ReferenceDocumentList list = twoDocuments();
+    list.setIDs(20);
+    list.setStoreType(base::StoreType_Persistent);
+    ASSERT_NE(list.getNextEntry(), nullptr);
+
+    list.reset();
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(list.startID(), 0);
+    EXPECT_EQ(list.getStoreType(), base::StoreType_NotSet);
+    EXPECT_FALSE(list.hasStoreTypeSet());
+    list.appendEntry(document("after", nullptr, nullptr, nullptr));
+    const ReferenceDocument *first = list.getNextEntry();
+    ASSERT_NE(first, nullptr) << "the cursor is back at the start";
+    EXPECT_EQ(first->documentText1.getData(), "after");
+}
+
 TEST(ReferenceDocumentList, CompareListAndOperations)
 {
     const ReferenceDocumentList reference = twoDocuments();

@@ -170,6 +170,55 @@ TEST(ElementDetails, EqualityAndWhatItIgnores)
     EXPECT_TRUE(a != b);
 }
 
+TEST(ElementDetails, AssigningAnElementAssignsTheElementPartOnly)
+{
+    sigdbtest::DefaultSchemaGuard guard;
+    SigdbTable four(81, "Four", "RF", "FOUR");
+    for (int id : {5, 20, 21, 22})
+        four.addColumn(SigdbColumn(id, "C" + std::to_string(id)));
+    SigdbTable three(82, "Three", "RF", "THREE");
+    for (int id : {5, 20, 30})
+        three.addColumn(SigdbColumn(id, "C" + std::to_string(id)));
+    SigdbTableSpace::instance().addTable(four);
+    SigdbTableSpace::instance().addTable(three);
+
+    ElementDetails details;
+    details.setType(81);
+    details.str(5) = std::string("v5");
+    details.str(20) = std::string("v20");
+    details.str(21) = std::string("v21");
+    details.str(22) = std::string("v22");
+    details.detailsNumber() = 4;
+    details.collocationTID() = 70ULL;
+    const std::vector<base::DbDataType<std::string>> before = details.allData();
+    ASSERT_EQ(before.size(), 4u);
+
+    sigdb::SigdbElement element;
+    element.setType(82);
+    element.setTID(9);
+    element.setLayer(2);
+    sigdb::SigdbElement &asElement = details;
+    asElement = element; // the virtual assignment, as the core library calls it
+
+    EXPECT_EQ(details.type(), 82);
+    EXPECT_EQ(details.TID(), 9u);
+    EXPECT_EQ(details.layer(), 2);
+    EXPECT_EQ(details.allData(), before) << "the column values stay exactly as they were";
+    EXPECT_EQ(details.detailsNumber().getData(), 4);
+    EXPECT_EQ(details.collocationTID().getData(), 70u);
+
+
+    // A caller who wants the new layout says so with setType() before assigning.
+    ElementDetails relaid;
+    relaid.setType(81);
+    relaid.str(20) = std::string("v20");
+    relaid.setType(82);
+    relaid = element;
+    ASSERT_EQ(relaid.allData().size(), 3u);
+    EXPECT_EQ(relaid.str(20).getData(), "v20");
+    EXPECT_TRUE(relaid.isNull(30));
+}
+
 TEST(ElementDetails, ConvertToTypeTakesSharedColumns)
 {
     ElementDetails network;

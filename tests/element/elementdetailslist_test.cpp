@@ -126,6 +126,26 @@ TEST(ElementDetailsList, EmptyListEncoding)
     EXPECT_EQ(back.listNumber().getData(), 0);
 }
 
+TEST(ElementDetailsList, TheEncoderResetsTheCursorToTheStart)
+{
+    ElementDetailsList list;
+    ElementDetails first;
+    first.setType(1);
+    ElementDetails second;
+    second.setType(4);
+    list.appendDetails(first);
+    list.appendDetails(second);
+    ASSERT_EQ(list.getFirstDetail()->type(), 1);
+
+    QByteArray out;
+    list.serialize(out);
+    ElementDetails *next = list.getNextDetail();
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(next->type(), 1) << "after serialize() the iteration starts again at the first detail";
+    EXPECT_EQ(list.getNextDetail()->type(), 4);
+    EXPECT_EQ(list.getNextDetail(), nullptr);
+}
+
 TEST(ElementDetailsList, CountZeroDecodesEvenWhenTheListNumberDoesNot)
 {
     ElementDetailsList back;
@@ -274,7 +294,7 @@ TEST(ElementDetailsList, CorruptCallsignTableTextFailsTheDetail)
     {
         QByteArray frame;
         sigdb::ColumnWriter writer(frame);
-        writer.writeTextField(1111, QByteArray("not a table"));
+        writer.writeTextField(1111, QByteArray("#%#%net:4:0")); // the network's type is no number
         writer.finish();
         corrupt += frame;
     }

@@ -1,9 +1,12 @@
 #include "network/callsignentry.h"
 
+#include "networktesting.h"
+
 #include <QByteArray>
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <stdexcept>
 
 using sigdb::CallsignEntry;
@@ -98,6 +101,31 @@ TEST(CallsignEntryList, CompareListIgnoresOrderButNotCount)
     single.appendEntry(x);
     EXPECT_FALSE(single.compareList(xx));
     EXPECT_TRUE(CallsignEntryList() == CallsignEntryList());
+}
+
+TEST(CallsignEntryList, CompareListAgreesWithTheOracle)
+{
+    // Few values, so that matches, near misses and repeats are all common.
+    const char *const values[] = {nullptr, "", "A"};
+    const auto randomEntry = [&values](std::mt19937 &random) {
+        CallsignEntry e;
+        for (base::DbDataType<std::string> *t : {&e.firstCallsign, &e.secondCallsign, &e.thirdCallsign, &e.fourthCallsign})
+            *t = networktest::text(values[random() % 3]);
+        return e;
+    };
+    networktest::expectCompareListAgreesWithTheOracle<CallsignEntryList>(
+        3000, randomEntry, [&randomEntry](CallsignEntry &e, std::mt19937 &random) { e = randomEntry(random); });
+}
+
+TEST(CallsignEntryList, ManyAlikeEntriesCompareByValue)
+{
+    CallsignEntryList nulls;
+    nulls.container().assign(20000, CallsignEntry());
+    CallsignEntryList same = nulls;
+    EXPECT_TRUE(nulls.compareList(same));
+    same.container().back() = entry("X");
+    EXPECT_FALSE(same.compareList(nulls)) << "X has no match among the NULL entries";
+    EXPECT_TRUE(nulls.compareList(same)) << "every NULL entry has a match; repeats are not counted";
 }
 
 TEST(CallsignEntryList, EntryAtAndChangeEntryAt)

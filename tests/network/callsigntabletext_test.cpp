@@ -346,16 +346,10 @@ QString replaced(const QString &text, const char *from, const char *to)
 std::vector<MalformedCase> malformedCases()
 {
     const QString valid = fromUtf8(kOneConnectionText);
-    const QString validSets = QStringLiteral("#%") + valid.section(QStringLiteral("#%"), 1);
     return {
         {"control: the valid text", valid, true, 1, 1},
-        {"empty text", QString(), false, 0, 0},
-        {"no overview", QStringLiteral("#%"), false, 0, 0},
-        {"fourth table part", valid + QStringLiteral("#%"), false, 1, 1},
-        {"overview one value short", QStringLiteral("#%#%0::0#~0::0#~#~#~#~#~#~#~#~#~#~#~#~#~#~"), false, 0, 0},
-        {"overview one value long", QStringLiteral("#%#%" DEFAULT_OVERVIEW "#~"), false, 0, 0},
-        {"connection one value short", replaced(valid, "#|3#|", "#|"), false, 0, 1},
-        {"connection one value long", replaced(valid, "#|3#|", "#|3#|#|"), false, 0, 1},
+        {"connection one value short, the from overview lands on the second number",
+         replaced(valid, "#|3#|", "#|"), false, 1, 1},
         {"non-numeric TID", replaced(valid, "#|77#|", "#|7x#|"), false, 1, 1},
         {"TID out of range", replaced(valid, "#|77#|", "#|18446744073709551616#|"), false, 1, 1},
         {"negative TID", replaced(valid, "#|77#|", "#|-77#|"), false, 1, 1},
@@ -367,17 +361,8 @@ std::vector<MalformedCase> malformedCases()
         {"reference with four parts", replaced(valid, "5:12:1", "5:12:1:0"), false, 1, 1},
         {"non-numeric reference", replaced(valid, "5:12:1", "five:12:1"), false, 1, 1},
         {"unknown boolean", replaced(valid, "#|T#|#|F#|", "#|Y#|#|F#|"), false, 1, 1},
-        {"stray set separator", replaced(valid, "X/|Y", "X" FFFD "#" FFFD "Y"), false, 1, 0},
-        {"stray entry list separator", replaced(valid, "X/|Y#|#|Z#|", "X/|Y#|#|Z#|#~"), false, 1, 1},
-        {"stray list separator", QStringLiteral("#$") + valid, false, 1, 1},
         {"stray escape at the end", valid + QStringLiteral("/"), false, 1, 1},
-        {"separators only", QStringLiteral("#%#%#%#%#$#|#~"), false, 0, 0},
-        {"huge connection list of empty texts", QStringLiteral("#$").repeated(500000) + validSets, false, 0, 1},
-        {"huge connection of empty values", QStringLiteral("#|").repeated(500000) + validSets, false, 0, 1},
-        {"huge entry list of empty entries",
-         QStringLiteral("#%") + fromUtf8("#" FFFD "#" FFFD) + QStringLiteral("#~").repeated(500000)
-             + QStringLiteral("#%" DEFAULT_OVERVIEW),
-         false, 0, 1},
+        {"not a table", QStringLiteral("not#|a#|table"), false, 1, 0},
     };
 }
 
@@ -391,6 +376,125 @@ TEST(CallsignTableText, MalformedTextsAreReportedAndReadAsFarAsPossible)
         EXPECT_EQ(read.connections.count(), row.connections) << row.name;
         EXPECT_EQ(read.sets.count(), row.sets) << row.name;
     }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Reading by position: one record per part, absent positions NULL, surplus parts ignored
+
+TEST(CallsignTableText, AnEntryListGetsOneEntryPerPart)
+{
+    // The first entry is two values short, the third one value long.
+    const QString entries = QStringLiteral("A#|B#~C#|D#|E#|F#~G#|H#|I#|J#|K");
+    CallsignTable read;
+    ASSERT_TRUE(read.fromText(QStringLiteral("#%#") + fromUtf8(FFFD "#" FFFD) + entries
+                              + QStringLiteral("#%" DEFAULT_OVERVIEW)));
+    ASSERT_EQ(read.sets.count(), 1);
+    const CallsignEntryList &list = read.sets.container()[0].entries;
+    ASSERT_EQ(list.count(), 3);
+    EXPECT_TRUE(list.container()[0] == callsigns("A", "B")) << "absent positions read as NULL";
+    EXPECT_TRUE(list.container()[0].thirdCallsign.isNull());
+    EXPECT_TRUE(list.container()[0].fourthCallsign.isNull());
+    EXPECT_TRUE(list.container()[1] == callsigns("C", "D", "E", "F"));
+    EXPECT_TRUE(list.container()[2] == callsigns("G", "H", "I", "J")) << "K, beyond the fourth value, is ignored";
+}
+
+TEST(CallsignTableText, AShortConnectionKeepsItsPlace)
+{
+    const CallsignTable full = oneConnectionTable();
+    const QString connectionText = full.toText().section(QStringLiteral("#%"), 0, 0);
+    // A connection of two values and one of 21, around the full one.
+    const QString connections = QStringLiteral("F1#|F2") + QStringLiteral("#$") + connectionText
+        + QStringLiteral("#$") + connectionText + QStringLiteral("#|surplus");
+    CallsignTable read;
+    ASSERT_TRUE(read.fromText(connections + QStringLiteral("#%#%" DEFAULT_OVERVIEW)));
+    ASSERT_EQ(read.connections.count(), 3);
+
+    const ConnectionEntry &shortOne = read.connections.container()[0];
+    EXPECT_EQ(shortOne.fromDefinition.firstText.getData(), "F1");
+    EXPECT_EQ(shortOne.fromDefinition.secondText.getData(), "F2");
+    EXPECT_TRUE(shortOne.fromDefinition.element == SigdbElement()) << "an absent reference is the undefined element";
+    EXPECT_TRUE(shortOne.connectionFlag.isNull()) << "an absent position reads as NULL, not as the default";
+    EXPECT_TRUE(shortOne.isTIDundefined());
+    EXPECT_TRUE(shortOne.name().isNull());
+    EXPECT_TRUE(shortOne.toDefinition.overview == ElementOverview());
+
+    const ConnectionEntry &original = full.connections.container()[0];
+    EXPECT_TRUE(read.connections.container()[1] == original) << "the full connection lands in its own place";
+    EXPECT_TRUE(read.connections.container()[2] == original) << "a value beyond the twentieth is ignored";
+}
+
+TEST(CallsignTableText, ShortAndLongSetsAndTablesReadByPosition)
+{
+    struct Case
+    {
+        const char *name;
+        QString text;
+        int connections;
+        int sets;
+        int entriesOfTheLastSet;
+    };
+    const QString valid = fromUtf8(kOneConnectionText);
+    const Case cases[] = {
+        {"empty text", QString(), 0, 0, 0},
+        {"no overview", QStringLiteral("#%"), 0, 0, 0},
+        {"separators only", QStringLiteral("#%#%#%#%#$#|#~"), 0, 0, 0},
+        {"fourth table part", valid + QStringLiteral("#%"), 1, 1, 1},
+        {"stray list separator", QStringLiteral("#$") + valid, 2, 1, 1},
+        {"set with only its first text", replaced(valid, "S/$1#" FFFD "#" FFFD "X/|Y#|#|Z#|", "S/$1"), 1, 1, 0},
+        {"set with a fourth part", replaced(valid, "X/|Y", "X" FFFD "#" FFFD "Y"), 1, 1, 1},
+        {"stray entry list separator", replaced(valid, "X/|Y#|#|Z#|", "X/|Y#|#|Z#|#~"), 1, 1, 2},
+        {"two sets, the first empty", replaced(valid, "S/$1#", "#$S/$1#"), 1, 2, 1},
+    };
+    for (const Case &row : cases) {
+        CallsignTable read = populatedTable();
+        EXPECT_TRUE(read.fromText(row.text)) << row.name;
+        EXPECT_EQ(read.connections.count(), row.connections) << row.name;
+        ASSERT_EQ(read.sets.count(), row.sets) << row.name;
+        if (row.sets > 0) {
+            EXPECT_EQ(read.sets.container().back().entries.count(), row.entriesOfTheLastSet) << row.name;
+        }
+    }
+
+    CallsignTable empty = populatedTable();
+    ASSERT_TRUE(empty.fromText(QString()));
+    EXPECT_TRUE(empty == CallsignTable()) << "the empty text is the empty table";
+}
+
+TEST(CallsignTableText, AShortOrLongOverviewReadsByPosition)
+{
+    const ElementOverview full = populatedTable().overview;
+    const QString text = CallsignTableText::writeOverview(full);
+
+    ElementOverview shortOne = full;
+    ASSERT_TRUE(CallsignTableText::readOverview(text.section(QStringLiteral("#~"), 0, 13), shortOne));
+    EXPECT_EQ(shortOne.auxiliaryTid.getData(), 0u) << "the fourteenth value is there";
+    EXPECT_FALSE(shortOne.auxiliaryTid.isNull());
+    EXPECT_TRUE(shortOne.collocationGroupLeader.isNull()) << "the values after it are absent";
+    EXPECT_TRUE(shortOne.orderNumber.isNull());
+    EXPECT_TRUE(shortOne.collocationModState.isNull());
+
+    ElementOverview longOne;
+    ASSERT_TRUE(CallsignTableText::readOverview(text + QStringLiteral("#~99#~x"), longOne));
+    EXPECT_TRUE(longOne == full);
+    EXPECT_EQ(longOne.orderNumber.getData(), -12);
+}
+
+TEST(CallsignTableText, ManyEmptyPartsCostOneRecordEach)
+{
+    // Every part is a record, however little it holds; the cost grows with the text.
+    const QString sets = QStringLiteral("#%") + fromUtf8("#" FFFD "#" FFFD) + QStringLiteral("#~").repeated(5000)
+        + QStringLiteral("#%" DEFAULT_OVERVIEW);
+    CallsignTable read;
+    ASSERT_TRUE(read.fromText(QStringLiteral("#$").repeated(5000) + sets));
+    ASSERT_EQ(read.connections.count(), 5001);
+    EXPECT_TRUE(read.connections.container()[5000].connectionFlag.isNull());
+    ASSERT_EQ(read.sets.count(), 1);
+    ASSERT_EQ(read.sets.container()[0].entries.count(), 5001);
+    EXPECT_TRUE(read.sets.container()[0].entries.container()[5000] == CallsignEntry());
+
+    CallsignTable wide;
+    ASSERT_TRUE(wide.fromText(QStringLiteral("#|").repeated(500000) + sets));
+    EXPECT_EQ(wide.connections.count(), 1) << "surplus values of one connection are ignored";
 }
 
 TEST(CallsignTableText, MalformedValuesStayNullAndTheRestIsRead)
@@ -409,19 +513,32 @@ TEST(CallsignTableText, MalformedValuesStayNullAndTheRestIsRead)
 
 TEST(CallsignTableText, EveryTruncationIsSafe)
 {
-    const QString full = populatedTable().toText();
-    // Any cut before the last join of the network overview leaves the overview short.
-    const int lastJoin = full.lastIndexOf(QStringLiteral("#~"));
-    ASSERT_GT(lastJoin, 0);
+    const CallsignTable original = populatedTable();
+    const QString full = original.toText();
     for (int length = 0; length < full.size(); ++length) {
         CallsignTable read;
-        const bool readable = read.fromText(full.left(length));
-        if (length < lastJoin + 2) {
-            EXPECT_FALSE(readable) << length;
-        }
+        read.fromText(full.left(length));
+        EXPECT_LE(read.connections.count(), original.connections.count()) << length;
+        EXPECT_LE(read.sets.count(), original.sets.count()) << length;
     }
 
-    const QByteArray bytes = populatedTable().toUtf8Text();
+    // Cut right after the k-th connection: the k connections read back in their places.
+    QString prefix;
+    for (int k = 0; k < original.connections.count(); ++k) {
+        const ConnectionEntry &c = original.connections.container()[static_cast<size_t>(k)];
+        prefix += table({c}, {}).toText().section(QStringLiteral("#%"), 0, 0);
+        ASSERT_TRUE(full.startsWith(prefix)) << k;
+        CallsignTable read;
+        read.fromText(prefix);
+        ASSERT_EQ(read.connections.count(), k + 1) << k;
+        for (int i = 0; i <= k; ++i)
+            EXPECT_TRUE(read.connections.container()[static_cast<size_t>(i)]
+                        == original.connections.container()[static_cast<size_t>(i)])
+                << k << " " << i;
+        prefix += QStringLiteral("#$");
+    }
+
+    const QByteArray bytes = original.toUtf8Text();
     for (int length = 0; length < bytes.size(); ++length) {
         CallsignTable read;
         read.fromUtf8Text(bytes.left(length));

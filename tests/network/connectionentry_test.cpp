@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <limits>
 #include <memory>
+#include <random>
 
 using namespace sigdb;
 using networktest::connection;
@@ -487,6 +490,115 @@ TEST(ConnectionEntryList, CompareListKeepsTheElementEquality)
     tidA.setLayer(1);
     tidB.setLayer(2);
     EXPECT_TRUE(tidA.compareList(tidB));
+}
+
+namespace {
+
+/// Sets field \a field of \a c to one of a few values, so that random connections often agree.
+void setRandomField(ConnectionEntry &c, int field, std::mt19937 &random)
+{
+    const unsigned pick = random() % 3;
+    const char *const texts[] = {nullptr, "a", "b"};
+    switch (field) {
+    case 0: c.setLayer(static_cast<int>(pick)); break;
+    case 1: c.tid() = pick == 0 ? base::DbDataType<unsigned long long>() : base::DbDataType<unsigned long long>(pick); break;
+    case 2: c.creationDate() = text(texts[pick]); break;
+    case 3: c.modificationDate() = text(texts[pick % 2]); break;
+    case 4: c.modificationUser() = text(texts[pick % 2]); break;
+    case 5: c.name() = text(texts[pick % 2]); break;
+    case 6: c.secondNumber = pick % 2 ? base::DbDataType<int>(1) : base::DbDataType<int>(); break;
+    case 7: c.connectionFlag = pick % 2 ? base::DbDataType<bool>(true) : base::DbDataType<bool>(); break;
+    case 8: c.modificationState = pick % 2 ? base::DbDataType<int>(1) : base::DbDataType<int>(); break;
+    case 9: c.fromDefinition.firstText = text(texts[pick % 2]); break;
+    case 10: c.toDefinition.element.setTID(2 + pick % 2); break;
+    default: {
+        // Zero of either sign, NULL, or now and then a NaN, which equals nothing, itself included.
+        base::DbDataType<double> &latitude = c.fromDefinition.overview.location.latitude;
+        if (random() % 40 == 0)
+            latitude = std::numeric_limits<double>::quiet_NaN();
+        else
+            latitude = pick == 0 ? base::DbDataType<double>() : base::DbDataType<double>(pick == 1 ? 0.0 : -0.0);
+    }
+    }
+}
+
+constexpr int kRandomFields = 12;
+
+ConnectionEntry randomConnection(std::mt19937 &random)
+{
+    ConnectionEntry c = connection(0, element(5, 1), element(6, 2));
+    for (int field = 0; field < kRandomFields; ++field)
+        setRandomField(c, field, random);
+    return c;
+}
+
+} // namespace
+
+TEST(ConnectionEntryList, CompareListAgreesWithTheOracle)
+{
+    // Layers around layer 1, TIDs, modification data and creation dates present or not: the
+    // parts of connection equality that are not an equivalence, all mixed.
+    networktest::expectCompareListAgreesWithTheOracle<ConnectionEntryList>(
+        4000, randomConnection, [](ConnectionEntry &c, std::mt19937 &random) {
+            setRandomField(c, static_cast<int>(random() % kRandomFields), random);
+        });
+}
+
+TEST(ConnectionEntryList, CompareListFollowsTheLayerAndCreationDateRules)
+{
+    ConnectionEntry inLayerOne = connection(1, element(5, 1), element(6, 2));
+    inLayerOne.setLayer(1);
+    inLayerOne.modificationUser() = text("ann");
+    ConnectionEntry inLayerTwo = inLayerOne;
+    inLayerTwo.setLayer(2);
+    inLayerTwo.setTID(2);
+    inLayerTwo.modificationUser() = text("bob");
+    ConnectionEntry inLayerThree = inLayerTwo;
+    inLayerThree.setLayer(3);
+    inLayerThree.setTID(3);
+    const auto listOf = [](const ConnectionEntry &c) {
+        ConnectionEntryList list;
+        list.appendEntry(c);
+        return list;
+    };
+    EXPECT_TRUE(listOf(inLayerOne).compareList(listOf(inLayerTwo))) << "across layer 1 TID and user do not count";
+    EXPECT_TRUE(listOf(inLayerThree).compareList(listOf(inLayerOne)));
+    EXPECT_FALSE(listOf(inLayerTwo).compareList(listOf(inLayerThree))) << "layers 2 and 3 compare their TIDs";
+
+    ConnectionEntry dated = inLayerOne;
+    dated.creationDate() = text("2020-01-01");
+    ConnectionEntry otherDate = inLayerOne;
+    otherDate.creationDate() = text("2021-01-01");
+    EXPECT_TRUE(listOf(dated).compareList(listOf(inLayerOne))) << "a creation date counts only where both hold one";
+    EXPECT_TRUE(listOf(inLayerOne).compareList(listOf(otherDate)));
+    EXPECT_FALSE(listOf(dated).compareList(listOf(otherDate)));
+}
+
+TEST(ConnectionEntryList, ManyConnectionsBetweenTheSameEndsCompareByTheirOwnFields)
+{
+    ConnectionEntryList list;
+    for (unsigned long long tid = 1; tid <= 2000; ++tid) {
+        ConnectionEntry c = connection(tid, element(5, 1), element(6, 2));
+        c.fromDefinition.secondText = text(("note " + std::to_string(tid)).c_str());
+        list.appendEntry(c);
+    }
+    ConnectionEntryList reversed = list;
+    std::reverse(reversed.container().begin(), reversed.container().end());
+    EXPECT_TRUE(list.compareList(reversed));
+    reversed.entryReferenceAt(1000)->setTID(9999);
+    EXPECT_FALSE(list.compareList(reversed)) << "one connection's TID has no match any more";
+    reversed.setLayer(1);
+    EXPECT_TRUE(list.compareList(reversed)) << "across layer 1 the TIDs do not count";
+}
+
+TEST(ConnectionEntryList, AConnectionHoldingANanMatchesNothing)
+{
+    ConnectionEntry c = connection(1, element(5, 1), element(6, 2));
+    c.toDefinition.overview.location.longitude = std::numeric_limits<double>::quiet_NaN();
+    ConnectionEntryList list;
+    list.container().assign(1000, c);
+    EXPECT_FALSE(c == c);
+    EXPECT_FALSE(list.compareList(list));
 }
 
 TEST(ConnectionEntryList, SetIdsChainsTheConnections)

@@ -3,7 +3,11 @@
 
 #include "network/callsigntable.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <initializer_list>
+#include <random>
 #include <string>
 
 // Builders shared by the network tests.
@@ -103,6 +107,54 @@ inline sigdb::CallsignTable table(std::initializer_list<sigdb::ConnectionEntry> 
     for (const sigdb::CallsignSet &s : sets)
         t.sets.appendEntry(s);
     return t;
+}
+
+/// The obvious, quadratic reading of the unordered list comparisons, kept as the oracle of
+/// the hashed ones: equal counts, and every entry of \a mine equal to some entry of \a other.
+template <typename List>
+bool slowCompareList(const List &mine, const List &other)
+{
+    if (mine.count() != other.count())
+        return false;
+    for (const auto &entry : mine.container()) {
+        bool found = false;
+        for (const auto &candidate : other.container())
+            found = found || candidate == entry;
+        if (!found)
+            return false;
+    }
+    return true;
+}
+
+/// Checks compareList() of \a List against slowCompareList() on \a trials pairs of small random
+/// lists: the second list of a pair is the first shuffled, with about every third entry
+/// altered by \a change(entry, random) and now and then one more entry. \a makeEntry(random)
+/// makes an entry. Both answers must be common among the trials.
+template <typename List, typename MakeEntry, typename Change>
+void expectCompareListAgreesWithTheOracle(int trials, MakeEntry makeEntry, Change change)
+{
+    std::mt19937 random(14);
+    int equal = 0;
+    int unequal = 0;
+    for (int trial = 0; trial < trials; ++trial) {
+        List mine;
+        const int count = static_cast<int>(random() % 6);
+        for (int i = 0; i < count; ++i)
+            mine.appendEntry(makeEntry(random));
+        List other = mine;
+        std::shuffle(other.container().begin(), other.container().end(), random);
+        for (auto &entry : other.container()) {
+            if (random() % 3 == 0)
+                change(entry, random);
+        }
+        if (random() % 10 == 0)
+            other.appendEntry(makeEntry(random));
+        const bool expected = slowCompareList(mine, other);
+        ASSERT_EQ(mine.compareList(other), expected) << "trial " << trial;
+        (expected ? equal : unequal) += 1;
+    }
+    EXPECT_GT(equal, trials / 5);
+    EXPECT_GT(unequal, trials / 5);
 }
 
 /// The four callsigns of \a e as one text, NULL shown as "<null>".
