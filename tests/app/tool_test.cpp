@@ -156,7 +156,7 @@ std::vector<RecordCase> recordCases()
         const QJsonValue detail = value[QStringLiteral("details")][0];
         EXPECT_EQ(detail[QStringLiteral("element")][QStringLiteral("type")].toInt(), 1);
         EXPECT_EQ(detail[QStringLiteral("collocationTID")].toInt(), 77);
-        EXPECT_EQ(detail[QStringLiteral("callsignTable")][QStringLiteral("sets")][0][QStringLiteral("entries")][0][0].toString(),
+        EXPECT_EQ(detail[QStringLiteral("callsignTable")][QStringLiteral("sets")][0][QStringLiteral("entries")][0][QStringLiteral("firstCallsign")].toString(),
                   QStringLiteral("A|1"));
         EXPECT_TRUE(detail[QStringLiteral("columns")].toArray().contains(QStringLiteral("ALPHA")));
     };
@@ -238,6 +238,18 @@ TEST_P(InspectRecord, HexInputGivesTheSameOutput)
                                 bytes.toHex(' ') + "\n");
     EXPECT_EQ(hex.exitCode, 0);
     EXPECT_EQ(hex.out, binary.out);
+}
+
+TEST_P(InspectRecord, EncodeGivesTheInspectedBytesBack)
+{
+    const QByteArray bytes = GetParam().bytes();
+    const ToolRun inspect = runTool(QStringList{QStringLiteral("inspect")} + GetParam().arguments, bytes);
+    ASSERT_EQ(inspect.exitCode, 0) << inspect.err.constData();
+    const ToolRun encode = runTool({QStringLiteral("encode")}, inspect.out);
+    ASSERT_EQ(encode.exitCode, 0) << encode.err.constData();
+    EXPECT_EQ(encode.out.toHex(), bytes.toHex());
+    const ToolRun hex = runTool({QStringLiteral("encode"), QStringLiteral("--hex")}, inspect.out);
+    EXPECT_EQ(hex.out, bytes.toHex() + '\n');
 }
 
 TEST_P(InspectRecord, TruncatedInputFailsWithTheOffset)
