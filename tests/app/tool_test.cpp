@@ -15,6 +15,7 @@
 #include "query/queryrequest.h"
 
 #include "testsupport.h"
+#include "toolrun.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,44 +27,6 @@
 #include <functional>
 
 namespace {
-
-struct ToolRun
-{
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-    QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
-};
-
-ToolRun runTool(const QStringList &arguments, const QByteArray &input = QByteArray())
-{
-    QProcess process;
-    process.start(QStringLiteral(SIGDBREF_TOOL), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    process.waitForFinished(60000);
-    ToolRun run;
-    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    run.out = process.readAllStandardOutput();
-    run.err = process.readAllStandardError();
-    return run;
-}
-
-template <typename Record>
-QByteArray encoded(const Record &record)
-{
-    QByteArray out;
-    record.serialize(out);
-    return out;
-}
-
-QStringList args(std::initializer_list<const char *> words)
-{
-    QStringList list;
-    for (const char *word : words)
-        list.append(QString::fromLatin1(word));
-    return list;
-}
 
 sigdb::ElementOverview sampleOverview()
 {
