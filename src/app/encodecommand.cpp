@@ -1,6 +1,7 @@
 #include "encodecommand.h"
 
 #include "decodecommand.h"
+#include "rawencoder.h"
 #include "recorddecoders.h"
 #include "recordjson.h"
 
@@ -16,19 +17,64 @@ namespace sigdbtool {
 
 namespace {
 
-// The fields of an inspect document besides the record's value; size and ok are what inspect
-// found and are not checked.
-const QStringList kDocumentFields{QStringLiteral("record"),    QStringLiteral("direction"),
-                                  QStringLiteral("orderType"), QStringLiteral("size"),
-                                  QStringLiteral("ok"),        QStringLiteral("value")};
+// The fields of an inspect document of a record and of a raw dissection; size and ok are what
+// inspect found and are not checked.
+const QStringList kRecordFields{QStringLiteral("record"),    QStringLiteral("direction"),
+                                QStringLiteral("orderType"), QStringLiteral("size"),
+                                QStringLiteral("ok"),        QStringLiteral("value")};
+const QStringList kRawFields{QStringLiteral("format"), QStringLiteral("size"), QStringLiteral("ok"),
+                             QStringLiteral("items")};
+
+/// Fails on the first field of \a document that \a fields does not name.
+void checkFields(JsonReader &reader, const QJsonObject &document, const QStringList &fields)
+{
+    for (auto it = document.begin(); it != document.end() && !reader.failed(); ++it) {
+        if (!fields.contains(it.key())) {
+            const JsonReader::Step step(reader, it.key());
+            reader.fail(QStringLiteral("unknown field"));
+        }
+    }
+}
+
+/// The value of the field \a field of \a document, which must be there.
+QJsonValue requiredField(JsonReader &reader, const QJsonObject &document, const QString &field)
+{
+    if (!document.contains(field)) {
+        const JsonReader::Step step(reader, field);
+        reader.fail(QStringLiteral("missing field"));
+    }
+    return document.value(field);
+}
+
+/// The bytes of a raw dissection document.
+void encodeRaw(JsonReader &reader, const QJsonObject &document, QByteArray &bytes)
+{
+    checkFields(reader, document, kRawFields);
+    const QJsonValue items = requiredField(reader, document, QStringLiteral("items"));
+    if (reader.failed())
+        return;
+    const QString format = document.value(QStringLiteral("format")).toString();
+    if (format != QLatin1String("column") && format != QLatin1String("property")) {
+        const JsonReader::Step step(reader, QStringLiteral("format"));
+        return reader.fail(QStringLiteral("expected \"column\" or \"property\""));
+    }
+    const JsonReader::Step step(reader, QStringLiteral("items"));
+    if (format == QLatin1String("column"))
+        encodeColumnFrames(reader, items, bytes);
+    else
+        encodePropertyBlocks(reader, items, bytes);
+}
 
 /// The record that \a document names, checked against its direction and order type.
 const RecordDecoder *documentRecord(JsonReader &reader, const QJsonObject &document)
 {
     for (const QString &field : {QStringLiteral("record"), QStringLiteral("direction")}) {
-        if (!document.value(field).isString()) {
+        const QJsonValue text = requiredField(reader, document, field);
+        if (reader.failed())
+            return nullptr;
+        if (!text.isString()) {
             const JsonReader::Step step(reader, field);
-            reader.fail(document.contains(field) ? QStringLiteral("expected a text") : QStringLiteral("missing field"));
+            reader.fail(QStringLiteral("expected a text"));
             return nullptr;
         }
     }
@@ -74,21 +120,16 @@ bool encodeDocument(const QByteArray &document, QByteArray &bytes, QString &erro
     const QJsonObject object = json.object();
     if (!json.isObject()) {
         reader.fail(QStringLiteral("expected an object"));
+    } else if (object.contains(QStringLiteral("format"))) {
+        encodeRaw(reader, object, bytes);
     } else {
-        for (auto it = object.begin(); it != object.end() && !reader.failed(); ++it) {
-            if (!kDocumentFields.contains(it.key())) {
-                const JsonReader::Step step(reader, it.key());
-                reader.fail(QStringLiteral("unknown field"));
-            }
+        checkFields(reader, object, kRecordFields);
+        const RecordDecoder *record = reader.failed() ? nullptr : documentRecord(reader, object);
+        const QJsonValue value = record ? requiredField(reader, object, QStringLiteral("value")) : QJsonValue();
+        if (record && !reader.failed()) {
+            const JsonReader::Step step(reader, QStringLiteral("value"));
+            record->encode(reader, value, bytes);
         }
-    }
-    const RecordDecoder *record = reader.failed() ? nullptr : documentRecord(reader, object);
-    if (record) {
-        const JsonReader::Step step(reader, QStringLiteral("value"));
-        if (object.contains(QStringLiteral("value")))
-            record->encode(reader, object.value(QStringLiteral("value")), bytes);
-        else
-            reader.fail(QStringLiteral("missing field"));
     }
     error = reader.error();
     return !reader.failed();

@@ -226,7 +226,8 @@ void fromJson(JsonReader &reader, const QJsonValue &json, std::string &value)
         return;
     }
     readObject(reader, json, {QStringLiteral("hex")}, [&reader, &value](const QString &, const QJsonValue &hex) {
-        static const QRegularExpression digits(QStringLiteral("^([0-9a-fA-F]{2})*$"));
+        // Pairs of digits, blanks between pairs allowed (the raw dissections print them so).
+        static const QRegularExpression digits(QStringLiteral("^([0-9a-fA-F]{2}( (?=.))?)*$"));
         if (!hex.isString() || !digits.match(hex.toString()).hasMatch())
             return reader.fail(QStringLiteral("expected pairs of hex digits"));
         value = QByteArray::fromHex(hex.toString().toLatin1()).toStdString();

@@ -83,6 +83,11 @@ sigdb::LinkChangeDefinition linkChangeWithOwnUsers()
     return change;
 }
 
+QByteArray fromHex(const char *hex)
+{
+    return QByteArray::fromHex(QByteArray(hex).replace(' ', ""));
+}
+
 void expectRoundTrip(const QStringList &inspectArguments, const QByteArray &bytes)
 {
     const ToolRun inspect = runTool(QStringList{QStringLiteral("inspect")} + inspectArguments, bytes);
@@ -122,6 +127,33 @@ TEST(Encode, InspectShowsEveryValueOfACallsignConnection)
 TEST(Encode, LinkChangeKeepsTheUsersItsBytesHold)
 {
     expectRoundTrip(args({"--order-type", "5009", "--request"}), encoded(linkChangeWithOwnUsers()));
+}
+
+TEST(Encode, RawColumnFramesComeBack)
+{
+    // A text, a non-UTF-8 text, a 64-bit number, a one-byte and a two-byte value, a NULL.
+    expectRoundTrip(args({"--raw", "column"}),
+                    fromHex("0009 0003 00000003 414200  000a 0003 00000003 ff4100  0004 0008 00000000000003e8"
+                            "0005 0001 7f  0006 0002 0001  0007 0000"));
+}
+
+TEST(Encode, RawPropertyBlocksComeBack)
+{
+    // A number, a string, a nested record, a vector of strings and a vector of records.
+    expectRoundTrip(args({"--raw", "property"}),
+                    fromHex("00000000 00000004 00000002"
+                            "00000001 00000007 00000003 414200"
+                            "00000002 00000010 0000000c 00000000 00000004 00000001"
+                            "00000003 00000010 00000002 00000002 4100 00000002 4200"
+                            "00000004 00000014 00000001 0000000c 00000000 00000004 00000009"));
+}
+
+TEST(Encode, AnEditedRawTextGetsItsSizesRight)
+{
+    const ToolRun inspect = runTool(args({"inspect", "--raw", "column"}), fromHex("0009 0003 00000003 414200"));
+    const ToolRun encode = runTool(args({"encode", "--hex"}), QByteArray(inspect.out).replace("\"AB\"", "\"ABCD\""));
+    ASSERT_EQ(encode.exitCode, 0) << encode.err.constData();
+    EXPECT_EQ(encode.out, "00090005000000054142434400\n");
 }
 
 TEST(Encode, AnEditedFieldChangesOnlyItsBytes)
@@ -198,6 +230,11 @@ INSTANTIATE_TEST_SUITE_P(
                     "value.layer: missing field"},
         BadDocument{"NotHexText", elementDocument(QByteArray(kElement).replace("\"exchgId\": null", "\"exchgId\": {\"hex\": \"4\"}")),
                     "value.exchgId.hex: expected pairs of hex digits"},
+        BadDocument{"RawFormat", R"({"format": "frames", "items": []})", "format: expected \"column\" or \"property\""},
+        BadDocument{"RawValue", R"({"format": "column", "items": [{"offset": 0, "tag": 1, "size": 1, "value": {"int8": 1}}]})",
+                    "items[0].value: expected one of text, string, record, vector or hex"},
+        BadDocument{"RawTag", R"({"format": "column", "items": [{"offset": 0, "tag": 40000, "size": 0, "value": null}]})",
+                    "items[0].tag: out of range"},
         BadDocument{"DeepPath",
                     R"({"record": "ElementOverviewList", "direction": "answer", "value": {"results": [{}]}})",
                     "value.parentDefinition: missing field"}),
