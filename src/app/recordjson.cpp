@@ -193,6 +193,9 @@ QJsonValue toJson(double value)
         return QStringLiteral("NaN");
     if (std::isinf(value))
         return value > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
+    // A JSON number keeps no sign on zero.
+    if (value == 0 && std::signbit(value))
+        return QStringLiteral("-0");
     return value;
 }
 
@@ -207,8 +210,10 @@ void fromJson(JsonReader &reader, const QJsonValue &json, double &value)
         value = std::numeric_limits<double>::infinity();
     else if (text == QLatin1String("-Infinity"))
         value = -std::numeric_limits<double>::infinity();
+    else if (text == QLatin1String("-0"))
+        value = -0.0;
     else
-        reader.fail(QStringLiteral("expected a number, \"NaN\", \"Infinity\" or \"-Infinity\""));
+        reader.fail(QStringLiteral("expected a number, \"NaN\", \"Infinity\", \"-Infinity\" or \"-0\""));
 }
 
 QJsonValue toJson(const std::string &value)

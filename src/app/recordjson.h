@@ -31,8 +31,8 @@ namespace sigdbtool {
 // JSON forms of the records, shared by inspect (record to JSON) and encode (JSON to record).
 // Column values are JSON null while NULL. Numbers that JSON cannot hold exactly travel as
 // strings: 64-bit values beyond 2^53 as decimal digits, doubles that are not finite as "NaN",
-// "Infinity" and "-Infinity". Texts are JSON strings when they are UTF-8, otherwise an object
-// {"hex": "<their bytes>"}, so that every byte comes back.
+// "Infinity" and "-Infinity", and a negative zero as "-0". Texts are JSON strings when they
+// are UTF-8, otherwise an object {"hex": "<their bytes>"}, so that every byte comes back.
 
 /// Reads JSON into record fields and keeps the JSON path of the value at hand, so that the
 /// first value that does not fit can be named ("value.results[3].element.tid: ...").

@@ -3,6 +3,8 @@
 
 #include "element/elementdetailslist.h"
 #include "link/linkchangedefinition.h"
+#include "middleware/inforecords.h"
+#include "middleware/namevaluerecords.h"
 #include "network/callsigntable.h"
 
 #include "toolrun.h"
@@ -27,6 +29,12 @@ sigdb::ElementDetailsList edgeDetails()
     member.location.longitude = -std::numeric_limits<double>::infinity();
     member.location.validFrom = std::string("2024-02-29 23:59:59");
     member.auxiliaryTid = std::numeric_limits<unsigned long long>::max();
+    for (const double degrees : {0.1 + 0.2, -0.0, 5e-324, std::numeric_limits<double>::max(), -123.456789012345678}) {
+        sigdb::LocationEntry earlier;
+        earlier.latitude = degrees;
+        earlier.indication = sigdb::LocationIndication_Collocated;
+        member.locationList.appendEntry(earlier);
+    }
     sigdb::ElementOverviewList network;
     network.appendResult(member, false);
     sigdb::ElementOverviewList group;
@@ -127,6 +135,29 @@ TEST(Encode, InspectShowsEveryValueOfACallsignConnection)
 TEST(Encode, LinkChangeKeepsTheUsersItsBytesHold)
 {
     expectRoundTrip(args({"--order-type", "5009", "--request"}), encoded(linkChangeWithOwnUsers()));
+}
+
+TEST(Encode, MiddlewareRecordsComeBackWithNullsNestingAndAnyBytes)
+{
+    sigdb::MInfoClientLogin login;
+    login.setStoreType(base::StoreType_Transient);
+    login.getClientUserName_T() = std::string("\xe9quipe");
+    login.getClientMessagingRequest_T() = 4000000000U;
+    login.setClientTeams({"red", "", "\xff"});
+    sigdb::MInfoClientLoginVector logins;
+    logins.setVector({login, sigdb::MInfoClientLogin()});
+    expectRoundTrip(args({"--record", "MInfoClientLoginVector"}), encoded(logins));
+
+    sigdb::NameValuePair pair;
+    pair.setName("colour");
+    pair.setValue("blue");
+    sigdb::NameValueDataForElement data;
+    data.setElementType(4);
+    data.setElementExchgId("X-1");
+    data.setVector({pair, pair});
+    sigdb::NameValueDataForElementVector all;
+    all.setVector({data});
+    expectRoundTrip(args({"--record", "NameValueDataForElementVector"}), encoded(all));
 }
 
 TEST(Encode, RawColumnFramesComeBack)
