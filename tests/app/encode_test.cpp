@@ -189,14 +189,17 @@ TEST(Encode, AnEditedRawTextGetsItsSizesRight)
 
 TEST(Encode, AnEditedFieldChangesOnlyItsBytes)
 {
+    // The README's example: one field of a captured answer edited in its JSON.
     sigdb::ElementOverview overview;
     overview.element.setType(1);
     overview.element.setTID(4711);
+    overview.keyText1 = std::string("ALPHA");
     const ToolRun inspect = runTool(args({"inspect", "--order-type", "5001"}), encoded(overview));
-    const QByteArray edited = QByteArray(inspect.out).replace("4711", "4712");
+    const QByteArray edited = QByteArray(inspect.out).replace("\"keyText1\": \"ALPHA\"", "\"keyText1\": \"BRAVO\"");
+    ASSERT_NE(edited, inspect.out);
     const ToolRun encode = runTool(args({"encode", "--hex"}), edited);
     ASSERT_EQ(encode.exitCode, 0) << encode.err.constData();
-    overview.element.setTID(4712);
+    overview.keyText1 = std::string("BRAVO");
     EXPECT_EQ(encode.out, encoded(overview).toHex() + '\n');
 }
 
