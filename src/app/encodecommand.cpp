@@ -25,17 +25,6 @@ const QStringList kRecordFields{QStringLiteral("record"),    QStringLiteral("dir
 const QStringList kRawFields{QStringLiteral("format"), QStringLiteral("size"), QStringLiteral("ok"),
                              QStringLiteral("items")};
 
-/// Fails on the first field of \a document that \a fields does not name.
-void checkFields(JsonReader &reader, const QJsonObject &document, const QStringList &fields)
-{
-    for (auto it = document.begin(); it != document.end() && !reader.failed(); ++it) {
-        if (!fields.contains(it.key())) {
-            const JsonReader::Step step(reader, it.key());
-            reader.fail(QStringLiteral("unknown field"));
-        }
-    }
-}
-
 /// The value of the field \a field of \a document, which must be there.
 QJsonValue requiredField(JsonReader &reader, const QJsonObject &document, const QString &field)
 {
@@ -49,7 +38,7 @@ QJsonValue requiredField(JsonReader &reader, const QJsonObject &document, const 
 /// The bytes of a raw dissection document.
 void encodeRaw(JsonReader &reader, const QJsonObject &document, QByteArray &bytes)
 {
-    checkFields(reader, document, kRawFields);
+    checkFieldNames(reader, document, kRawFields);
     const QJsonValue items = requiredField(reader, document, QStringLiteral("items"));
     if (reader.failed())
         return;
@@ -123,7 +112,7 @@ bool encodeDocument(const QByteArray &document, QByteArray &bytes, QString &erro
     } else if (object.contains(QStringLiteral("format"))) {
         encodeRaw(reader, object, bytes);
     } else {
-        checkFields(reader, object, kRecordFields);
+        checkFieldNames(reader, object, kRecordFields);
         const RecordDecoder *record = reader.failed() ? nullptr : documentRecord(reader, object);
         const QJsonValue value = record ? requiredField(reader, object, QStringLiteral("value")) : QJsonValue();
         if (record && !reader.failed()) {

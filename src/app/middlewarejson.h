@@ -50,10 +50,7 @@ QJsonValue propertyValueToJson(const T &value)
 template <typename T>
 QJsonValue propertyValueToJson(const std::vector<T> &values)
 {
-    QJsonArray array;
-    for (const T &value : values)
-        array.append(propertyValueToJson(value));
-    return array;
+    return writeArray(values, [](const T &value) { return propertyValueToJson(value); });
 }
 
 template <typename Record, int Index>
@@ -89,17 +86,7 @@ void propertyValueFromJson(JsonReader &reader, const QJsonValue &json, T &value)
 template <typename T>
 void propertyValueFromJson(JsonReader &reader, const QJsonValue &json, std::vector<T> &values)
 {
-    if (!json.isArray())
-        return reader.fail(QStringLiteral("expected an array"));
-    const QJsonArray array = json.toArray();
-    std::vector<T> read;
-    for (int i = 0; i < array.size() && !reader.failed(); ++i) {
-        const JsonReader::Step step(reader, i);
-        T value{};
-        propertyValueFromJson(reader, array.at(i), value);
-        read.push_back(std::move(value));
-    }
-    values = std::move(read);
+    readArray(reader, json, values, [](JsonReader &r, const QJsonValue &j, T &value) { propertyValueFromJson(r, j, value); });
 }
 
 /// Reads the property called \a name.

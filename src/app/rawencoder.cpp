@@ -48,13 +48,10 @@ void writeValue(JsonReader &reader, const QJsonValue &json, QDataStream &out)
     if (!json.isObject())
         return reader.fail(QStringLiteral("expected an object"));
     const QJsonObject value = json.toObject();
-    for (auto it = value.begin(); it != value.end(); ++it) {
-        if (!kValueViews.contains(it.key())) {
-            const JsonReader::Step step(reader, it.key());
-            return reader.fail(QStringLiteral("unknown field"));
-        }
-    }
+    checkFieldNames(reader, value, kValueViews);
     for (const QString &view : kWrittenViews) {
+        if (reader.failed())
+            return;
         if (!value.contains(view))
             continue;
         const QJsonValue content = value.value(view);

@@ -64,6 +64,17 @@ JsonReader::Step::~Step()
     m_reader.m_path.truncate(m_length);
 }
 
+void checkFieldNames(JsonReader &reader, const QJsonObject &object, const QStringList &names,
+                     const QString &message)
+{
+    for (auto it = object.begin(); it != object.end() && !reader.failed(); ++it) {
+        if (!names.contains(it.key())) {
+            const JsonReader::Step step(reader, it.key());
+            reader.fail(message);
+        }
+    }
+}
+
 // ---------------------------------------------------------------------------------------------
 // Scalars
 
@@ -330,10 +341,7 @@ QJsonValue fieldToJson(const Value &value)
     if constexpr (IsProperty<Value>::value) {
         return fieldToJson(value.get());
     } else if constexpr (IsVector<Value>::value) {
-        QJsonArray array;
-        for (const auto &entry : value)
-            array.append(fieldToJson(entry));
-        return array;
+        return writeArray(value, [](const auto &entry) { return fieldToJson(entry); });
     } else if constexpr (HasLayout<Value>::value) {
         return layoutToJson(value);
     } else {
@@ -350,17 +358,7 @@ void fieldFromJson(JsonReader &reader, const QJsonValue &json, Value &value)
         if (!reader.failed())
             value.set(std::move(read));
     } else if constexpr (IsVector<Value>::value) {
-        if (!json.isArray())
-            return reader.fail(QStringLiteral("expected an array"));
-        const QJsonArray array = json.toArray();
-        Value read;
-        for (int i = 0; i < array.size() && !reader.failed(); ++i) {
-            const JsonReader::Step step(reader, i);
-            typename Value::value_type entry;
-            fieldFromJson(reader, array.at(i), entry);
-            read.push_back(std::move(entry));
-        }
-        value = std::move(read);
+        readArray(reader, json, value, [](JsonReader &r, const QJsonValue &j, auto &entry) { fieldFromJson(r, j, entry); });
     } else if constexpr (HasLayout<Value>::value) {
         layoutFromJson(reader, json, value);
     } else {
@@ -751,12 +749,7 @@ void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::QueryColumns &c
     QStringList names;
     for (int position = 0; position < QueryColumnCount; ++position)
         names.append(QString::fromLatin1(QueryRequest::columnName(position)));
-    for (auto it = object.begin(); it != object.end(); ++it) {
-        if (!names.contains(it.key())) {
-            const JsonReader::Step step(reader, it.key());
-            return reader.fail(QStringLiteral("unknown query column"));
-        }
-    }
+    checkFieldNames(reader, object, names, QStringLiteral("unknown query column"));
     int position = 0;
     const auto readColumn = [&](auto &column) {
         const QString name = names.at(position++);
@@ -768,31 +761,40 @@ void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::QueryColumns &c
     std::apply([&readColumn](auto &...column) { (readColumn(column), ...); }, columns);
 }
 
-#define SIGDB_APP_RECORD_JSON(Record)                                                          \
-    QJsonValue toJson(const sigdb::Record &record) { return layoutToJson(record); }           \
-    void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::Record &record)          \
-    {                                                                                          \
-        layoutFromJson(reader, json, record);                                                 \
-    }
-SIGDB_APP_RECORD_JSON(SigdbElement)
-SIGDB_APP_RECORD_JSON(SigdbElementWithMaxCount)
-SIGDB_APP_RECORD_JSON(SigdbElementDetails)
-SIGDB_APP_RECORD_JSON(ElementOverview)
-SIGDB_APP_RECORD_JSON(ElementOverviewList)
-SIGDB_APP_RECORD_JSON(QueryRequestList)
-SIGDB_APP_RECORD_JSON(PlotEntryList)
-SIGDB_APP_RECORD_JSON(LinkChangeDefinition)
-SIGDB_APP_RECORD_JSON(ElementDetailsList)
-#undef SIGDB_APP_RECORD_JSON
+namespace {
 
-QJsonValue toJson(const sigdb::ElementList &list)
+// An element list is its entries and nothing else: a bare array.
+QJsonValue recordToJson(const ElementList &list)
 {
     return fieldToJson(list.container());
 }
 
-void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::ElementList &list)
+void recordFromJson(JsonReader &reader, const QJsonValue &json, ElementList &list)
 {
     fieldFromJson(reader, json, list.container());
 }
+
+template <typename Record>
+QJsonValue recordToJson(const Record &record)
+{
+    return layoutToJson(record);
+}
+
+template <typename Record>
+void recordFromJson(JsonReader &reader, const QJsonValue &json, Record &record)
+{
+    layoutFromJson(reader, json, record);
+}
+
+} // namespace
+
+#define SIGDB_APP_DEFINE_RECORD_JSON(Record)                                                   \
+    QJsonValue toJson(const sigdb::Record &record) { return recordToJson(record); }           \
+    void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::Record &record)          \
+    {                                                                                          \
+        recordFromJson(reader, json, record);                                                 \
+    }
+SIGDB_APP_JSON_RECORDS(SIGDB_APP_DEFINE_RECORD_JSON)
+#undef SIGDB_APP_DEFINE_RECORD_JSON
 
 } // namespace sigdbtool

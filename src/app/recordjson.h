@@ -120,17 +120,20 @@ void fromJson(JsonReader &reader, const QJsonValue &json, base::DbDataType<T> &v
     value.setNull(false);
 }
 
-template <typename T>
-QJsonValue toJson(const std::vector<T> &values)
+/// An array of \a values, each through \a writeEntry.
+template <typename T, typename WriteEntry>
+QJsonArray writeArray(const std::vector<T> &values, WriteEntry writeEntry)
 {
     QJsonArray array;
     for (const T &value : values)
-        array.append(toJson(value));
+        array.append(writeEntry(value));
     return array;
 }
-/// Replaces \a values by one value per array element.
-template <typename T>
-void fromJson(JsonReader &reader, const QJsonValue &json, std::vector<T> &values)
+
+/// Replaces \a values by one value per array element, each read by \a readEntry(reader,
+/// json, value).
+template <typename T, typename ReadEntry>
+void readArray(JsonReader &reader, const QJsonValue &json, std::vector<T> &values, ReadEntry readEntry)
 {
     if (!json.isArray())
         return reader.fail(QStringLiteral("expected an array"));
@@ -140,11 +143,15 @@ void fromJson(JsonReader &reader, const QJsonValue &json, std::vector<T> &values
     for (int i = 0; i < array.size() && !reader.failed(); ++i) {
         const JsonReader::Step step(reader, i);
         T value{};
-        fromJson(reader, array.at(i), value);
+        readEntry(reader, array.at(i), value);
         read.push_back(std::move(value));
     }
     values = std::move(read);
 }
+
+/// Fails on the first field of \a object that \a names does not hold.
+void checkFieldNames(JsonReader &reader, const QJsonObject &object, const QStringList &names,
+                     const QString &message = QStringLiteral("unknown field"));
 
 /// Reads the fields of an object whose field names are \a names: an unknown or missing field
 /// fails the reading; \a readField(name, json) reads one present field.
@@ -154,12 +161,7 @@ void readObject(JsonReader &reader, const QJsonValue &json, const QStringList &n
     if (!json.isObject())
         return reader.fail(QStringLiteral("expected an object"));
     const QJsonObject object = json.toObject();
-    for (auto it = object.begin(); it != object.end(); ++it) {
-        if (!names.contains(it.key())) {
-            const JsonReader::Step step(reader, it.key());
-            return reader.fail(QStringLiteral("unknown field"));
-        }
-    }
+    checkFieldNames(reader, object, names);
     for (const QString &name : names) {
         if (reader.failed())
             return;
@@ -172,20 +174,23 @@ void readObject(JsonReader &reader, const QJsonValue &json, const QStringList &n
 }
 
 // The column records that travel on their own, as inspect prints them and encode reads them.
-#define SIGDB_APP_RECORD_JSON(Record)                                                          \
+#define SIGDB_APP_JSON_RECORDS(RECORD)                                                         \
+    RECORD(SigdbElement)                                                                       \
+    RECORD(SigdbElementWithMaxCount)                                                           \
+    RECORD(ElementList)                                                                        \
+    RECORD(SigdbElementDetails)                                                                \
+    RECORD(ElementOverview)                                                                    \
+    RECORD(ElementOverviewList)                                                                \
+    RECORD(QueryRequestList)                                                                   \
+    RECORD(PlotEntryList)                                                                      \
+    RECORD(LinkChangeDefinition)                                                               \
+    RECORD(ElementDetailsList)
+
+#define SIGDB_APP_DECLARE_RECORD_JSON(Record)                                                  \
     QJsonValue toJson(const sigdb::Record &record);                                           \
     void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::Record &record);
-SIGDB_APP_RECORD_JSON(SigdbElement)
-SIGDB_APP_RECORD_JSON(SigdbElementWithMaxCount)
-SIGDB_APP_RECORD_JSON(ElementList)
-SIGDB_APP_RECORD_JSON(SigdbElementDetails)
-SIGDB_APP_RECORD_JSON(ElementOverview)
-SIGDB_APP_RECORD_JSON(ElementOverviewList)
-SIGDB_APP_RECORD_JSON(QueryRequestList)
-SIGDB_APP_RECORD_JSON(PlotEntryList)
-SIGDB_APP_RECORD_JSON(LinkChangeDefinition)
-SIGDB_APP_RECORD_JSON(ElementDetailsList)
-#undef SIGDB_APP_RECORD_JSON
+SIGDB_APP_JSON_RECORDS(SIGDB_APP_DECLARE_RECORD_JSON)
+#undef SIGDB_APP_DECLARE_RECORD_JSON
 
 } // namespace sigdbtool
 
