@@ -379,16 +379,21 @@ QJsonValue layoutToJson(const Record &record)
 template <typename Record, typename>
 void layoutFromJson(JsonReader &reader, const QJsonValue &json, Record &record)
 {
+    if (!json.isObject())
+        return reader.fail(QStringLiteral("expected an object"));
+    const QJsonObject object = json.toObject();
     QStringList names;
     Layout<Record>::visit(record, [&names](const char *name, auto &&) { names.append(QLatin1String(name)); });
-    // Checks every name first, then reads the fields in layout order.
-    readObject(reader, json, names, [](const QString &, const QJsonValue &) {});
-    const QJsonObject object = json.toObject();
+    checkFieldNames(reader, object, names);
+    // In layout order, not in the document's.
     Layout<Record>::visit(record, [&reader, &object](const char *name, auto &&field) {
         if (reader.failed())
             return;
         const JsonReader::Step step(reader, QLatin1String(name));
-        fieldFromJson(reader, object.value(QLatin1String(name)), field);
+        const auto value = object.find(QLatin1String(name));
+        if (value == object.end())
+            return reader.fail(QStringLiteral("missing field"));
+        fieldFromJson(reader, value.value(), field);
     });
 }
 
