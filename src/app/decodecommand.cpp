@@ -13,8 +13,6 @@
 
 namespace sigdbtool {
 
-namespace {
-
 bool readInput(const QString &path, QByteArray &data, QString &error)
 {
     QFile file;
@@ -29,11 +27,15 @@ bool readInput(const QString &path, QByteArray &data, QString &error)
     return true;
 }
 
+namespace {
+
 void printJson(QTextStream &out, const QJsonObject &object)
 {
     out << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Indented));
     out.flush();
 }
+
+} // namespace
 
 QString directionName(Direction direction)
 {
@@ -47,6 +49,8 @@ QString directionName(Direction direction)
     }
     return QString();
 }
+
+namespace {
 
 int printRaw(const QString &format, const QByteArray &data, QTextStream &out, QTextStream &err)
 {

@@ -1,8 +1,9 @@
 // sigdbref: the command-line companion of the library. `inspect` decodes captured bytes of
-// any record; `demo` runs the road of a client session.
+// any record and `encode` turns that JSON back into the bytes; `demo` runs the road of a client session.
 
 #include "democommand.h"
 #include "decodecommand.h"
+#include "encodecommand.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -17,6 +18,7 @@ void printUsage(QTextStream &out)
     out << "Usage: sigdbref <command> [options]\n\n"
            "Commands:\n"
            "  inspect    decode the bytes of a record and print it as JSON\n"
+           "  encode     read the JSON that inspect prints and write the record's bytes\n"
            "  demo       run a client session against an in-process loopback\n\n"
            "Options:\n"
            "  --help     this text; 'sigdbref <command> --help' tells more\n"
@@ -38,6 +40,8 @@ int main(int argc, char *argv[])
     arguments.removeAt(0); // the subcommand stands where a program name would
     if (command == QLatin1String("inspect"))
         return sigdbtool::runInspect(arguments, out, err);
+    if (command == QLatin1String("encode"))
+        return sigdbtool::runEncode(arguments, out, err);
     if (command == QLatin1String("demo"))
         return sigdbtool::runDemo(arguments, out, err);
     if (command == QLatin1String("--version")) {

@@ -15,7 +15,8 @@
 namespace sigdbtool {
 
 // JSON forms of the middleware records, walked from their property tables: every property
-// under its own name, nested records as objects, vectors as arrays.
+// under its own name, nested records as objects, vectors as arrays. Writers first, readers
+// below.
 
 template <typename T>
 using IsMiddlewareRecord = std::is_base_of<sigdb::PropertyRecord<T>, T>;
@@ -49,10 +50,7 @@ QJsonValue propertyValueToJson(const T &value)
 template <typename T>
 QJsonValue propertyValueToJson(const std::vector<T> &values)
 {
-    QJsonArray array;
-    for (const T &value : values)
-        array.append(propertyValueToJson(value));
-    return array;
+    return writeArray(values, [](const T &value) { return propertyValueToJson(value); });
 }
 
 template <typename Record, int Index>
@@ -71,6 +69,50 @@ QJsonObject middlewareToJson(const Record &record)
     QJsonObject object{{QStringLiteral("StoreType"), record.layer()}};
     insertProperties<Record, 1>(record, object);
     return object;
+}
+
+template <typename Record>
+void middlewareFromJson(JsonReader &reader, const QJsonValue &json, Record &record);
+
+template <typename T>
+void propertyValueFromJson(JsonReader &reader, const QJsonValue &json, T &value)
+{
+    if constexpr (IsMiddlewareRecord<T>::value)
+        middlewareFromJson(reader, json, value);
+    else
+        fromJson(reader, json, value);
+}
+
+template <typename T>
+void propertyValueFromJson(JsonReader &reader, const QJsonValue &json, std::vector<T> &values)
+{
+    readArray(reader, json, values, [](JsonReader &r, const QJsonValue &j, T &value) { propertyValueFromJson(r, j, value); });
+}
+
+/// Reads the property called \a name.
+template <typename Record, int Index>
+void readProperty(JsonReader &reader, const QString &name, const QJsonValue &json, Record &record)
+{
+    if constexpr (HasProperty<Record, Index>::value) {
+        const auto field = Record::propertyAt(std::integral_constant<int, Index>{});
+        if (name == QLatin1String(field.name))
+            return propertyValueFromJson(reader, json, record.*(field.member));
+        readProperty<Record, Index + 1>(reader, name, json, record);
+    }
+}
+
+template <typename Record>
+void middlewareFromJson(JsonReader &reader, const QJsonValue &json, Record &record)
+{
+    readObject(reader, json, Record::propertyNames(), [&reader, &record](const QString &name, const QJsonValue &value) {
+        if (name == QLatin1String("StoreType")) {
+            int layer = 0;
+            fromJson(reader, value, layer);
+            record.setLayer(layer);
+        } else {
+            readProperty<Record, 1>(reader, name, value, record);
+        }
+    });
 }
 
 } // namespace sigdbtool

@@ -1,5 +1,7 @@
 #include "rawdissector.h"
 
+#include "recordjson.h"
+
 #include <QJsonObject>
 #include <QtEndian>
 
@@ -41,7 +43,7 @@ bool isCString(const char *data, quint32 length)
 
 QJsonValue cStringValue(const char *data, quint32 length)
 {
-    return QString::fromUtf8(data, static_cast<int>(length) - 1);
+    return toJson(std::string(data, length - 1));
 }
 
 QJsonObject fixedValue(const char *data, qint64 size)

@@ -27,6 +27,28 @@ namespace {
 
 using namespace sigdb;
 
+// Reads a column-stream record with its own decoder.
+template <typename Record>
+bool readColumnRecord(Record &record, ColumnReader &reader)
+{
+    return record.readFrom(reader);
+}
+
+// A link change copies its modification user into every element of its links when it is read;
+// the tool keeps the users that the bytes hold, so that encoding gives the same bytes back.
+bool readColumnRecord(LinkChangeDefinition &change, ColumnReader &reader)
+{
+    base::DbDataType<std::string> user;
+    user.setID(static_cast<unsigned int>(change.modificationUser().getID()));
+    LinkAction link1 = change.link1();
+    LinkAction link2 = change.link2();
+    const bool read = reader.read(user) && link1.readLinkFrom(reader) && link2.readLinkFrom(reader);
+    change.setModificationUser(user);
+    change.setLink1(link1);
+    change.setLink2(link2);
+    return read;
+}
+
 // Decodes a column-stream record the way the answer dispatch does: a fresh record numbered
 // from 0, read with its own decoder, and nothing may be left over.
 template <typename Record>
@@ -36,7 +58,7 @@ DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
     record.setIDs(0);
     ColumnReader reader(data);
     DecodeResult result;
-    const bool read = record.readFrom(reader);
+    const bool read = readColumnRecord(record, reader);
     result.value = toJson(record);
     if (!read) {
         result.offset = reader.offset();
@@ -55,6 +77,18 @@ DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
     return result;
 }
 
+// Builds a record from its JSON value and encodes it as the library sends it.
+template <typename Record, typename FromJson>
+auto encodeFromJson(FromJson fromJson)
+{
+    return [fromJson](JsonReader &reader, const QJsonValue &value, QByteArray &bytes) {
+        Record record;
+        fromJson(reader, value, record);
+        if (!reader.failed())
+            record.serialize(bytes);
+    };
+}
+
 template <typename Record>
 RecordDecoder columnRecord(const char *name, Direction direction, std::vector<int> orderTypes)
 {
@@ -62,7 +96,10 @@ RecordDecoder columnRecord(const char *name, Direction direction, std::vector<in
     return RecordDecoder{recordName, direction, std::move(orderTypes),
                            [recordName](const QByteArray &data) {
                                return decodeColumnRecord<Record>(data, recordName);
-                           }};
+                           },
+                           encodeFromJson<Record>([](JsonReader &reader, const QJsonValue &value, Record &record) {
+                               fromJson(reader, value, record);
+                           })};
 }
 
 // Decodes a middleware record. Its decoder throws a text without a position, so the position
@@ -118,7 +155,8 @@ RecordDecoder middlewareRecord()
     const QString recordName = QString::fromLatin1(Record::ClassName);
     return RecordDecoder{recordName, Direction::Middleware, {}, [recordName](const QByteArray &data) {
                                return decodeMiddlewareRecord<Record>(data, recordName);
-                           }};
+                           },
+                           encodeFromJson<Record>(&middlewareFromJson<Record>)};
 }
 
 std::vector<RecordDecoder> buildDecoders()

@@ -24,13 +24,18 @@ struct DecodeResult
 /// Which side of the interface a record travels on under an order type.
 enum class Direction { Request, Answer, Middleware };
 
-/// One record the tool can decode.
+class JsonReader;
+
+/// One record the tool can decode, and encode back from the JSON value that decoding gave.
 struct RecordDecoder
 {
     QString name;
     Direction direction;
     std::vector<int> orderTypes;
     std::function<DecodeResult(const QByteArray &)> decode;
+    /// The record's bytes from its JSON value; on a value that does not fit, \a reader has
+    /// failed and the bytes are not touched.
+    std::function<void(JsonReader &reader, const QJsonValue &value, QByteArray &bytes)> encode;
 };
 
 /// Every record the tool knows.

@@ -7,91 +7,190 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
+#include <QStringList>
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace sigdb {
 class ElementList;
-class LocationEntry;
-class LocationEntryList;
 class SigdbElement;
 class SigdbElementDetails;
 class SigdbElementWithMaxCount;
 class ElementOverview;
 class ElementOverviewList;
-class QueryRequest;
 class QueryRequestList;
-class PlotEntry;
 class PlotEntryList;
-class LinkAction;
 class LinkChangeDefinition;
-class CallsignTable;
-class ConnectionEntryDefinition;
-class ConnectionEntry;
-class CallsignEntry;
-class CallsignSet;
-class ReferenceDocument;
-class ElementDetails;
 class ElementDetailsList;
 } // namespace sigdb
 
 namespace sigdbtool {
 
-// JSON forms of the records for the inspect command. Column values are JSON null while NULL;
-// 64-bit numbers beyond what a JSON number holds exactly travel as decimal strings.
+// JSON forms of the records, shared by inspect (record to JSON) and encode (JSON to record).
+// Column values are JSON null while NULL. Numbers that JSON cannot hold exactly travel as
+// strings: 64-bit values beyond 2^53 as decimal digits, doubles that are not finite as "NaN",
+// "Infinity" and "-Infinity", and a negative zero as "-0". Texts are JSON strings when they
+// are UTF-8, otherwise an object {"hex": "<their bytes>"}, so that every byte comes back.
 
+/// Reads JSON into record fields and keeps the JSON path of the value at hand, so that the
+/// first value that does not fit can be named ("value.results[3].element.tid: ...").
+class JsonReader
+{
+public:
+    /// \a root is the path of the value the reading starts at (empty: the document).
+    explicit JsonReader(const QString &root = QString());
+
+    /// Records the first problem at the current path; later ones are ignored.
+    void fail(const QString &message);
+    bool failed() const { return !m_error.isEmpty(); }
+    /// "<path>: <message>" of the first problem.
+    const QString &error() const { return m_error; }
+
+    /// Steps into a field or an array element while it lives.
+    class Step
+    {
+    public:
+        Step(JsonReader &reader, const QString &key);
+        Step(JsonReader &reader, int index);
+        ~Step();
+        Step(const Step &) = delete;
+        Step &operator=(const Step &) = delete;
+
+    private:
+        JsonReader &m_reader;
+        int m_length;
+    };
+
+private:
+    QString m_path;
+    QString m_error;
+};
+
+// Scalars, each writer beside its reader.
 QJsonValue toJson(bool value);
+void fromJson(JsonReader &reader, const QJsonValue &json, bool &value);
 QJsonValue toJson(char value);
+void fromJson(JsonReader &reader, const QJsonValue &json, char &value);
 QJsonValue toJson(int value);
+void fromJson(JsonReader &reader, const QJsonValue &json, int &value);
 QJsonValue toJson(unsigned int value);
-QJsonValue toJson(double value);
+void fromJson(JsonReader &reader, const QJsonValue &json, unsigned int &value);
+QJsonValue toJson(long long value);
+void fromJson(JsonReader &reader, const QJsonValue &json, long long &value);
 QJsonValue toJson(unsigned long long value);
+void fromJson(JsonReader &reader, const QJsonValue &json, unsigned long long &value);
+QJsonValue toJson(double value);
+void fromJson(JsonReader &reader, const QJsonValue &json, double &value);
 QJsonValue toJson(const std::string &value);
+void fromJson(JsonReader &reader, const QJsonValue &json, std::string &value);
+
+/// Enumerations travel as their numbers.
+template <typename E, typename = std::enable_if_t<std::is_enum<E>::value>>
+QJsonValue toJson(E value)
+{
+    return toJson(static_cast<int>(value));
+}
+template <typename E, typename = std::enable_if_t<std::is_enum<E>::value>>
+void fromJson(JsonReader &reader, const QJsonValue &json, E &value)
+{
+    int number = 0;
+    fromJson(reader, json, number);
+    value = static_cast<E>(number);
+}
 
 template <typename T>
 QJsonValue toJson(const base::DbDataType<T> &value)
 {
     if (value.isNull())
         return QJsonValue::Null;
-    if constexpr (std::is_enum<T>::value)
-        return toJson(static_cast<int>(value.getData()));
-    else
-        return toJson(value.getData());
+    return toJson(value.getData());
+}
+/// null reads as NULL (the value stays as it is); anything else as the value. The column id
+/// is kept.
+template <typename T>
+void fromJson(JsonReader &reader, const QJsonValue &json, base::DbDataType<T> &value)
+{
+    if (json.isNull()) {
+        value.setNull(true);
+        return;
+    }
+    fromJson(reader, json, value.getData());
+    value.setNull(false);
 }
 
-QJsonValue toJson(const sigdb::SigdbElement &element);
-QJsonValue toJson(const sigdb::SigdbElementWithMaxCount &request);
-QJsonValue toJson(const sigdb::ElementList &list);
-QJsonValue toJson(const sigdb::LocationEntry &entry);
-QJsonValue toJson(const sigdb::LocationEntryList &list);
-QJsonValue toJson(const sigdb::SigdbElementDetails &details);
-QJsonValue toJson(const sigdb::ElementOverview &overview);
-QJsonValue toJson(const sigdb::ElementOverviewList &list);
-QJsonValue toJson(const sigdb::QueryRequest &request);
-QJsonValue toJson(const sigdb::QueryRequestList &list);
-QJsonValue toJson(const sigdb::PlotEntry &entry);
-QJsonValue toJson(const sigdb::PlotEntryList &list);
-QJsonValue toJson(const sigdb::LinkAction &link);
-QJsonValue toJson(const sigdb::LinkChangeDefinition &change);
-QJsonValue toJson(const sigdb::ConnectionEntryDefinition &end);
-QJsonValue toJson(const sigdb::ConnectionEntry &connection);
-QJsonValue toJson(const sigdb::CallsignEntry &entry);
-QJsonValue toJson(const sigdb::CallsignSet &set);
-QJsonValue toJson(const sigdb::CallsignTable &table);
-QJsonValue toJson(const sigdb::ReferenceDocument &document);
-QJsonValue toJson(const sigdb::ElementDetails &details);
-QJsonValue toJson(const sigdb::ElementDetailsList &list);
-
-template <typename T>
-QJsonArray toJsonArray(const std::vector<T> &values)
+/// An array of \a values, each through \a writeEntry.
+template <typename T, typename WriteEntry>
+QJsonArray writeArray(const std::vector<T> &values, WriteEntry writeEntry)
 {
     QJsonArray array;
     for (const T &value : values)
-        array.append(toJson(value));
+        array.append(writeEntry(value));
     return array;
 }
 
+/// Replaces \a values by one value per array element, each read by \a readEntry(reader,
+/// json, value).
+template <typename T, typename ReadEntry>
+void readArray(JsonReader &reader, const QJsonValue &json, std::vector<T> &values, ReadEntry readEntry)
+{
+    if (!json.isArray())
+        return reader.fail(QStringLiteral("expected an array"));
+    const QJsonArray array = json.toArray();
+    std::vector<T> read;
+    read.reserve(static_cast<size_t>(array.size()));
+    for (int i = 0; i < array.size() && !reader.failed(); ++i) {
+        const JsonReader::Step step(reader, i);
+        T value{};
+        readEntry(reader, array.at(i), value);
+        read.push_back(std::move(value));
+    }
+    values = std::move(read);
+}
+
+/// Fails on the first field of \a object that \a names does not hold.
+void checkFieldNames(JsonReader &reader, const QJsonObject &object, const QStringList &names,
+                     const QString &message = QStringLiteral("unknown field"));
+
+/// Reads the fields of an object whose field names are \a names: an unknown or missing field
+/// fails the reading; \a readField(name, json) reads one present field.
+template <typename ReadField>
+void readObject(JsonReader &reader, const QJsonValue &json, const QStringList &names, ReadField readField)
+{
+    if (!json.isObject())
+        return reader.fail(QStringLiteral("expected an object"));
+    const QJsonObject object = json.toObject();
+    checkFieldNames(reader, object, names);
+    for (const QString &name : names) {
+        if (reader.failed())
+            return;
+        const JsonReader::Step step(reader, name);
+        const auto field = object.find(name);
+        if (field == object.end())
+            return reader.fail(QStringLiteral("missing field"));
+        readField(name, field.value());
+    }
+}
+
+// The column records that travel on their own, as inspect prints them and encode reads them.
+#define SIGDB_APP_JSON_RECORDS(RECORD)                                                         \
+    RECORD(SigdbElement)                                                                       \
+    RECORD(SigdbElementWithMaxCount)                                                           \
+    RECORD(ElementList)                                                                        \
+    RECORD(SigdbElementDetails)                                                                \
+    RECORD(ElementOverview)                                                                    \
+    RECORD(ElementOverviewList)                                                                \
+    RECORD(QueryRequestList)                                                                   \
+    RECORD(PlotEntryList)                                                                      \
+    RECORD(LinkChangeDefinition)                                                               \
+    RECORD(ElementDetailsList)
+
+#define SIGDB_APP_DECLARE_RECORD_JSON(Record)                                                  \
+    QJsonValue toJson(const sigdb::Record &record);                                           \
+    void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::Record &record);
+SIGDB_APP_JSON_RECORDS(SIGDB_APP_DECLARE_RECORD_JSON)
+#undef SIGDB_APP_DECLARE_RECORD_JSON
 
 } // namespace sigdbtool
 

@@ -15,6 +15,7 @@
 #include "query/queryrequest.h"
 
 #include "testsupport.h"
+#include "toolrun.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,44 +27,6 @@
 #include <functional>
 
 namespace {
-
-struct ToolRun
-{
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-    QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
-};
-
-ToolRun runTool(const QStringList &arguments, const QByteArray &input = QByteArray())
-{
-    QProcess process;
-    process.start(QStringLiteral(SIGDBREF_TOOL), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    process.waitForFinished(60000);
-    ToolRun run;
-    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    run.out = process.readAllStandardOutput();
-    run.err = process.readAllStandardError();
-    return run;
-}
-
-template <typename Record>
-QByteArray encoded(const Record &record)
-{
-    QByteArray out;
-    record.serialize(out);
-    return out;
-}
-
-QStringList args(std::initializer_list<const char *> words)
-{
-    QStringList list;
-    for (const char *word : words)
-        list.append(QString::fromLatin1(word));
-    return list;
-}
 
 sigdb::ElementOverview sampleOverview()
 {
@@ -156,7 +119,7 @@ std::vector<RecordCase> recordCases()
         const QJsonValue detail = value[QStringLiteral("details")][0];
         EXPECT_EQ(detail[QStringLiteral("element")][QStringLiteral("type")].toInt(), 1);
         EXPECT_EQ(detail[QStringLiteral("collocationTID")].toInt(), 77);
-        EXPECT_EQ(detail[QStringLiteral("callsignTable")][QStringLiteral("sets")][0][QStringLiteral("entries")][0][0].toString(),
+        EXPECT_EQ(detail[QStringLiteral("callsignTable")][QStringLiteral("sets")][0][QStringLiteral("entries")][0][QStringLiteral("firstCallsign")].toString(),
                   QStringLiteral("A|1"));
         EXPECT_TRUE(detail[QStringLiteral("columns")].toArray().contains(QStringLiteral("ALPHA")));
     };
@@ -238,6 +201,18 @@ TEST_P(InspectRecord, HexInputGivesTheSameOutput)
                                 bytes.toHex(' ') + "\n");
     EXPECT_EQ(hex.exitCode, 0);
     EXPECT_EQ(hex.out, binary.out);
+}
+
+TEST_P(InspectRecord, EncodeGivesTheInspectedBytesBack)
+{
+    const QByteArray bytes = GetParam().bytes();
+    const ToolRun inspect = runTool(QStringList{QStringLiteral("inspect")} + GetParam().arguments, bytes);
+    ASSERT_EQ(inspect.exitCode, 0) << inspect.err.constData();
+    const ToolRun encode = runTool({QStringLiteral("encode")}, inspect.out);
+    ASSERT_EQ(encode.exitCode, 0) << encode.err.constData();
+    EXPECT_EQ(encode.out.toHex(), bytes.toHex());
+    const ToolRun hex = runTool({QStringLiteral("encode"), QStringLiteral("--hex")}, inspect.out);
+    EXPECT_EQ(hex.out, bytes.toHex() + '\n');
 }
 
 TEST_P(InspectRecord, TruncatedInputFailsWithTheOffset)
