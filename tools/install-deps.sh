@@ -6,6 +6,7 @@ packages=(
     cmake ninja-build g++ make pkg-config dpkg-dev
     qtbase5-dev qt6-base-dev
     googletest libgtest-dev libgmock-dev
+    doxygen
     libbenchmark-dev
     clang-14 libclang-rt-14-dev
 )

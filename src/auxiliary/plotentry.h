@@ -25,16 +25,23 @@ public:
     /// The number of column ids that setIDs() hands out.
     static constexpr int ColumnCount = 4;
 
+    /// Whether the row is new, changed or to be deleted; Modification_Unknown until set.
     base::DbDataType<Modification_State> modificationState{Modification_Unknown};
+    /// The first of the row's two ids.
     base::DbDataType<unsigned long long> firstId;
+    /// The second of the row's two ids.
     base::DbDataType<unsigned long long> secondId;
+    /// The row's text.
     base::DbDataType<std::string> text;
 
     PlotEntry();
+    /// A copy of \a other.
     PlotEntry(const PlotEntry &other);
+    /// Takes over the contents of \a other without copying them.
     PlotEntry(PlotEntry &&other) = default;
     ~PlotEntry() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     PlotEntry &operator=(const PlotEntry &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -70,15 +77,21 @@ public:
     /// Tag of the count frame.
     static constexpr int CountTag = 4;
 
+    /// The id of the plot table the rows belong to.
     base::DbDataType<unsigned long long> listId;
+    /// The first text of the plot table.
     base::DbDataType<std::string> listText1;
+    /// The second text of the plot table.
     base::DbDataType<std::string> listText2;
 
     PlotEntryList();
+    /// A copy of \a other.
     PlotEntryList(const PlotEntryList &other);
+    /// Takes over the contents of \a other without copying them.
     PlotEntryList(PlotEntryList &&other) = default;
     ~PlotEntryList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     PlotEntryList &operator=(const PlotEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;

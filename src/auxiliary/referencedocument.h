@@ -18,16 +18,23 @@ public:
     /// The number of column ids that setIDs() hands out.
     static constexpr int ColumnCount = 4;
 
+    /// The first text describing the document.
     base::DbDataType<std::string> documentText1;
+    /// The second text describing the document.
     base::DbDataType<std::string> documentText2;
+    /// The third text describing the document.
     base::DbDataType<std::string> documentText3;
+    /// The fourth text describing the document.
     base::DbDataType<std::string> documentText4;
 
     ReferenceDocument();
+    /// A copy of \a other.
     ReferenceDocument(const ReferenceDocument &other);
+    /// Takes over the contents of \a other without copying them.
     ReferenceDocument(ReferenceDocument &&other) = default;
     ~ReferenceDocument() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     ReferenceDocument &operator=(const ReferenceDocument &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -63,10 +70,13 @@ public:
     static constexpr int CountTag = 1;
 
     ReferenceDocumentList();
+    /// A copy of \a other.
     ReferenceDocumentList(const ReferenceDocumentList &other);
+    /// Takes over the contents of \a other without copying them.
     ReferenceDocumentList(ReferenceDocumentList &&other) = default;
     ~ReferenceDocumentList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     ReferenceDocumentList &operator=(const ReferenceDocumentList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;

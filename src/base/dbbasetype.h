@@ -16,6 +16,7 @@ class SIGDBCORE_EXPORT DbBaseType
 {
 public:
     DbBaseType() = default;
+    /// A copy of \a other.
     DbBaseType(const DbBaseType &other) = default;
     virtual ~DbBaseType();
 
@@ -28,17 +29,24 @@ public:
     /// Writes the record's stream form into \a out from its first byte; pass an empty array.
     virtual void serialize(QByteArray &out) const = 0;
 
+    /// How the server keeps the record: persistent, transient or not set.
     virtual StoreType getStoreType();
+    /// The store type as a number, which is also the record's data layer.
     virtual int getLayerType() const;
     /// The store type as a column value: never NULL, column id 0.
     virtual DbDataType<int> getStoreType_T();
+    /// Sets the store type (and so the data layer).
     virtual void setStoreType(StoreType storeType);
     /// Records that hold other records override this to pass the layer on to them.
     virtual void setLayer(int layer);
+    /// The record's data layer: its store type as a number.
     virtual int layer() const;
 
+    /// Whether a store type was ever set.
     bool hasStoreTypeSet() const { return m_storeType != StoreType_NotSet; }
+    /// Whether the record lives in the database.
     bool isPersistent() const { return m_storeType == StoreType_Persistent; }
+    /// Whether the record exists only for the running session.
     bool isTransient() const { return m_storeType == StoreType_Transient; }
 
 private:

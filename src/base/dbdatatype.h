@@ -24,6 +24,7 @@ public:
     DbDataType() : m_value() {}
     /// The value \a v, not NULL, column id 0.
     DbDataType(const T &v) : m_null(false), m_value(v) {}
+    /// The value \a v, moved in, not NULL, column id 0.
     DbDataType(T &&v) : m_null(false), m_value(std::move(v)) {}
     /// A text with an explicit NULL flag (text columns only).
     template <typename U = T, typename = std::enable_if_t<std::is_same<U, std::string>::value>>
@@ -31,6 +32,7 @@ public:
 
     /// Copies NULL flag, value and column id.
     DbDataType(const DbDataType &other) = default;
+    /// Takes over the contents of \a other without copying them.
     DbDataType(DbDataType &&other) noexcept(std::is_nothrow_move_constructible<T>::value) = default;
     virtual ~DbDataType() = default;
 
@@ -54,6 +56,7 @@ public:
         return *this;
     }
 
+    /// Takes over the contents of \a other without copying them.
     DbDataType &operator=(DbDataType &&other) noexcept(std::is_nothrow_move_assignable<T>::value)
     {
         if (this != &other) {
@@ -67,13 +70,17 @@ public:
 
     /// The value, also while NULL (then the last value stored, or the zero of T).
     T &getData() { return m_value; }
+    /// The value, read-only, also while NULL.
     const T &getData() const { return m_value; }
 
+    /// Whether the column is NULL.
     bool isNull() const { return m_null; }
     /// Writes the NULL flag only; setNull(true) keeps the value.
     void setNull(bool isNull) { m_null = isNull; }
 
+    /// The id of the column this value stands for; 0 while unnumbered.
     int getID() const { return static_cast<int>(m_id); }
+    /// Sets the column id, as setIDs() of a record does.
     void setID(unsigned int id) { m_id = id; }
 
     /// True when both are NULL, or both hold equal values (T's own equality).
@@ -83,6 +90,7 @@ public:
             return m_null == other.m_null;
         return m_value == other.m_value;
     }
+    /// The opposite of operator==.
     bool operator!=(const DbDataType &other) const { return !(*this == other); }
 
 private:

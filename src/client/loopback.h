@@ -42,12 +42,15 @@ public:
     /// One answer: its order type and bytes.
     struct Answer
     {
+        /// The order type the answer is sent under.
         int orderType = 0;
+        /// The answer's bytes, as a server would send them.
         QByteArray data;
     };
     /// Sees every order and its answers (for printing or checking).
     using Observer = std::function<void(const Order &order, const std::vector<Answer> &answers)>;
 
+    /// A server that answers the orders put into \a queue; the queue must outlive it.
     explicit Loopback(OrderQueue &queue);
     Loopback(const Loopback &) = delete;
     Loopback &operator=(const Loopback &) = delete;
@@ -57,6 +60,7 @@ public:
     /// The answers to one order, without delivering them.
     std::vector<Answer> answer(const Order &order);
 
+    /// Lets \a observer see every order and its answers from now on.
     void setObserver(Observer observer) { m_observer = std::move(observer); }
 
     /// The server's side of the version handshake: decodes the client's VersionInfo record
@@ -73,6 +77,7 @@ public:
     const ElementOverview *findElement(const SigdbElement &element) const;
     /// The stored details of \a element; null when the store holds none.
     const ElementDetails *findDetails(const SigdbElement &element) const;
+    /// How many elements the store holds.
     int storedElementCount() const { return static_cast<int>(m_elements.size()); }
     /// Orders whose bytes did not decode.
     int rejected() const { return m_rejected; }

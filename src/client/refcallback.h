@@ -24,7 +24,9 @@ class SIGDBREF_EXPORT RefCallback : public BaseCallback
 {
 public:
     RefCallback();
+    /// A copy of \a other.
     RefCallback(const RefCallback &other);
+    /// Replaces the contents with a copy of \a other.
     RefCallback &operator=(const RefCallback &other);
     ~RefCallback() override;
 

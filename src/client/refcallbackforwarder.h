@@ -18,8 +18,10 @@ class RefCallback;
 class SIGDBREF_EXPORT RefCallbackForwarder : public CoreCallback
 {
 public:
+    /// A forwarder that hands every answer to \a target, which must outlive it.
     explicit RefCallbackForwarder(RefCallback &target);
 
+    /// The RefCallback that receives the answers.
     RefCallback &target() const { return m_target; }
 
 private:

@@ -26,7 +26,9 @@ class SIGDBREF_EXPORT RefInterface : public BaseInterface
 {
 public:
     RefInterface();
+    /// A copy of \a other.
     RefInterface(const RefInterface &other);
+    /// Replaces the contents with a copy of \a other.
     RefInterface &operator=(const RefInterface &other);
     ~RefInterface() override;
 

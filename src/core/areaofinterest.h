@@ -17,16 +17,22 @@ public:
     /// One corner: two 64-bit values, copied as one 16-byte block.
     struct point
     {
+        /// The first coordinate.
         qint64 x = 0;
+        /// The second coordinate.
         qint64 y = 0;
     };
 
     IAreaOfInterest();
     virtual ~IAreaOfInterest();
+    /// A copy of \a other.
     IAreaOfInterest(const IAreaOfInterest &other);
+    /// Replaces the contents with a copy of \a other.
     IAreaOfInterest &operator=(const IAreaOfInterest &other);
 
+    /// The name of the area.
     std::string name;
+    /// The corners of the polygon, in order.
     std::vector<point> points;
 };
 
@@ -37,6 +43,7 @@ SIGDBCORE_EXPORT bool operator==(const IAreaOfInterest &a, const IAreaOfInterest
 class SIGDBCORE_EXPORT IAreaOfInterestList
 {
 public:
+    /// The areas, nearest first as the core library orders them.
     std::vector<IAreaOfInterest> areas;
 };
 
@@ -44,7 +51,9 @@ public:
 class SIGDBCORE_EXPORT SigdbAnswer
 {
 public:
+    /// The core library's result code.
     int result = 0;
+    /// The text that comes with the result.
     std::string text;
 };
 

@@ -18,7 +18,9 @@ class SIGDBCORE_EXPORT BaseCallback
 {
 public:
     BaseCallback();
+    /// A copy of \a other.
     BaseCallback(const BaseCallback &other);
+    /// Replaces the contents with a copy of \a other.
     BaseCallback &operator=(const BaseCallback &other);
     virtual ~BaseCallback();
 

@@ -17,12 +17,15 @@ class SIGDBCORE_EXPORT BaseInterface
 {
 public:
     BaseInterface();
+    /// A copy of \a other.
     BaseInterface(const BaseInterface &other);
+    /// Replaces the contents with a copy of \a other.
     BaseInterface &operator=(const BaseInterface &other);
     virtual ~BaseInterface();
 
     /// The queue that receives this interface's orders (OrderQueue::defaultQueue() unless set).
     OrderQueue &orderQueue() const { return *m_queue; }
+    /// Sends this interface's orders into \a queue from now on; the queue must outlive the interface.
     void setOrderQueue(OrderQueue &queue) { m_queue = &queue; }
 
 protected:

@@ -20,10 +20,13 @@ public:
     static constexpr int CountTag = 1;
 
     ElementList();
+    /// A copy of \a other.
     ElementList(const ElementList &other);
+    /// Takes over the contents of \a other without copying them.
     ElementList(ElementList &&other) = default;
     ~ElementList() override;
     using RecordList<SigdbElement>::operator=;
+    /// Replaces the contents with a copy of \a other.
     ElementList &operator=(const ElementList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -37,11 +40,14 @@ public:
     /// Writes the count frame and the entries; with \a skipUndefined, undefined elements are
     /// left out (and not counted).
     void writeTo(ColumnWriter &writer, bool skipUndefined) const;
+    /// Clears the list and reads it back; false on a frame that does not fit or bytes that end early.
     bool readFrom(ColumnReader &reader);
 
     /// Appends unless an equal element is present; returns whether it was appended.
     bool appendEntryNoDuplicate(const SigdbElement &element);
+    /// Whether an equal element is in the list.
     bool containsEntry(const SigdbElement &element) const;
+    /// Whether the list holds an element of \a type.
     bool containsElementOfType(int type) const;
     /// Removes the first element of \a type, if any.
     void removeFirstElementOfType(int type);

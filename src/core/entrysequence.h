@@ -19,6 +19,7 @@ class EntrySequence
 public:
     /// Appends a copy at the end.
     void appendEntry(const Entry &entry) { m_entries.push_back(entry); }
+    /// Appends \a entry at the end, moved in.
     void appendEntry(Entry &&entry) { m_entries.push_back(std::move(entry)); }
     /// Inserts a copy before the first entry.
     void prependEntry(const Entry &entry) { m_entries.insert(m_entries.begin(), entry); }
@@ -31,6 +32,7 @@ public:
         if (!m_entries.empty())
             m_entries.erase(m_entries.begin());
     }
+    /// The number of entries.
     int count() const { return static_cast<int>(m_entries.size()); }
 
     /// Puts the cursor on the first entry.
@@ -48,12 +50,17 @@ public:
     /// The start id of the last numbering.
     int startID() const { return m_startId; }
 
+    /// The entries in list order, for direct access.
     const std::vector<Entry> &container() const { return m_entries; }
+    /// The entries in list order, writable.
     std::vector<Entry> &container() { return m_entries; }
 
 protected:
+    /// The entries in list order.
     std::vector<Entry> m_entries;
+    /// The position of the next entry getNextEntry() returns.
     std::size_t m_cursor = 0;
+    /// The start id of the last numbering.
     int m_startId = 0;
 };
 

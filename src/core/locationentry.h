@@ -21,13 +21,17 @@ class ColumnWriter;
 class SIGDBCORE_EXPORT LocationEntry : public base::DbBaseType
 {
 public:
+    /// The number of column ids that setIDs() hands out.
     static constexpr int ColumnCount = 5;
 
     LocationEntry();
+    /// A copy of \a other.
     LocationEntry(const LocationEntry &other);
+    /// Takes over the contents of \a other without copying them.
     LocationEntry(LocationEntry &&other) = default;
     ~LocationEntry() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     LocationEntry &operator=(const LocationEntry &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -36,14 +40,20 @@ public:
     /// Numbers the five columns from \a startId + 1; returns the last id given.
     virtual int setIDs(int startId);
 
+    /// Writes the five columns in field order.
     void writeTo(ColumnWriter &writer) const;
+    /// Reads the five columns; false on a frame whose size or id does not fit.
     bool readFrom(ColumnReader &reader);
 
+    /// Latitude of the position.
     base::DbDataType<double> latitude;
+    /// Longitude of the position.
     base::DbDataType<double> longitude;
     /// The time from which the location holds, as "yyyy-MM-dd hh:mm:ss"; sorts as text.
     base::DbDataType<std::string> validFrom;
+    /// How the location was found.
     base::DbDataType<Location_Indication_Type> indication;
+    /// How the location was last changed.
     base::DbDataType<Location_Modification_Type> modification;
 };
 
@@ -59,10 +69,13 @@ public:
     static constexpr int CountTag = 2;
 
     LocationEntryList();
+    /// A copy of \a other.
     LocationEntryList(const LocationEntryList &other);
+    /// Takes over the contents of \a other without copying them.
     LocationEntryList(LocationEntryList &&other) = default;
     ~LocationEntryList() override;
     using RecordList<LocationEntry>::operator=;
+    /// Replaces the contents with a copy of \a other.
     LocationEntryList &operator=(const LocationEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -72,7 +85,9 @@ public:
     /// list is empty, so that what follows the list is numbered alike on both sides).
     int setIDs(int startId);
 
+    /// Writes the count frame and every entry.
     void writeTo(ColumnWriter &writer) const;
+    /// Clears the list and reads it back; false on a frame that does not fit or bytes that end early.
     bool readFrom(ColumnReader &reader);
 
     /// Sorts the entries by their validFrom time (NULL times first), keeping equal times in order.

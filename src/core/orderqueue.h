@@ -22,9 +22,13 @@ class BaseCallback;
 /// bytes and the callback that is to receive the answer.
 struct SIGDBCORE_EXPORT Order
 {
+    /// The handle addData returned for the order (1, 2, ...).
     int handle = 0;
+    /// The order type, which tells the server what to do with the bytes.
     int orderType = 0;
+    /// The encoded record.
     QByteArray data;
+    /// The callback that is to receive the answer; not owned.
     const BaseCallback *callback = nullptr;
 };
 
@@ -51,13 +55,18 @@ public:
     /// Returns the order's handle (1, 2, ...), the transport's result, or -1 without a record.
     int enqueue(int orderType, const base::DbBaseType *record, const BaseCallback *callback);
 
+    /// Sends every order from now on through \a transport instead of keeping it; an empty transport queues again.
     void setTransport(Transport transport);
 
+    /// Whether no order is waiting.
     bool isEmpty() const;
+    /// The number of orders waiting.
     int count() const;
     /// Removes and returns the oldest order; a default Order (handle 0) when empty.
     Order takeFirst();
+    /// Removes and returns every waiting order, oldest first.
     std::vector<Order> takeAll();
+    /// Drops every waiting order.
     void clear();
 
     /// Delivers an answer to the callback of \a order; false when the order has no callback

@@ -19,11 +19,17 @@ public:
 
     ProfileParameterSettings();
 
+    /// Whether the settings are valid.
     bool isValid() const { return m_valid; }
+    /// Marks the settings valid or not.
     void setValid(bool valid) { m_valid = valid; }
+    /// One flag per parameter of the profile: whether it is set.
     const std::vector<bool> &boolVector() const { return m_flags; }
+    /// Replaces the flags of the parameters.
     void setBoolVector(const std::vector<bool> &flags) { m_flags = flags; }
+    /// The parameter set the settings belong to.
     base::DbDataType<unsigned long long> &parameterSet() { return m_parameterSet; }
+    /// The parameter set, read-only.
     const base::DbDataType<unsigned long long> &parameterSet() const { return m_parameterSet; }
 
 private:

@@ -22,9 +22,13 @@ public:
 
 protected:
     RecordList() = default;
+    /// A copy of \a other.
     RecordList(const RecordList &other) = default;
+    /// Takes over the contents of \a other without copying them.
     RecordList(RecordList &&other) = default;
+    /// Replaces the contents with a copy of \a other.
     RecordList &operator=(const RecordList &other) = default;
+    /// Takes over the contents of \a other without copying them.
     RecordList &operator=(RecordList &&other) = default;
     ~RecordList() override = default;
 

@@ -16,9 +16,13 @@ public:
     /// interface that created it (0 for ordinary columns).
     SigdbColumn(int id, std::string dbName, bool write = true, int createdByInterface = 0);
 
+    /// The column id, by which records address the column.
     int id() const { return m_id; }
+    /// The column's name in the database.
     const std::string &dbName() const { return m_dbName; }
+    /// Whether clients may write the column.
     bool isWrite() const { return m_write; }
+    /// The interface that created the column; 0 for ordinary columns.
     int createdByInterface() const { return m_createdByInterface; }
 
 private:

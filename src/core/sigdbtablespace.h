@@ -21,6 +21,7 @@ namespace sigdb {
 class SIGDBCORE_EXPORT SigdbTableSpace
 {
 public:
+    /// The schema of this process.
     static SigdbTableSpace &instance();
 
     SigdbTableSpace(const SigdbTableSpace &) = delete;
@@ -28,6 +29,7 @@ public:
 
     /// The table of \a type; an empty table (type 0, no columns) for an unknown type.
     const SigdbTable &tableForType(int type) const;
+    /// Whether \a type has a table.
     bool hasTableForType(int type) const;
     /// All element types with a table, ascending.
     std::vector<int> types() const;

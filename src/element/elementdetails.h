@@ -29,13 +29,17 @@ class SIGDBREF_EXPORT ElementDetails : public SigdbElementDetails
 {
 public:
     ElementDetails();
+    /// A copy of \a other.
     ElementDetails(const ElementDetails &other);
+    /// Takes over the contents of \a other without copying them.
     ElementDetails(ElementDetails &&other) = default;
     /// The inherited part copied from \a details; every added field takes its default.
     explicit ElementDetails(const SigdbElementDetails &details);
     ~ElementDetails() override;
 
+    /// Assigns only the part that the base record holds; the fields this class adds stay as they are.
     using SigdbElementDetails::operator=;
+    /// Replaces the contents with a copy of \a other.
     ElementDetails &operator=(const ElementDetails &other);
     /// Assigns the element part only (identity, type, states, layer); the column values and
     /// every other field stay as they are, also when the type changes (setType() lays the
@@ -55,27 +59,45 @@ public:
     int setIDs(int start) override;
 
     // The definition sent with requests
+    /// The element definition sent with requests for these details.
     SigdbElement elementDefinition() const { return m_elementDefinition; }
+    /// Sets the element definition sent with requests.
     void setElementDefinition(const SigdbElement &element) { m_elementDefinition = element; }
+    /// Resets the element definition.
     void resetDefinition() { m_elementDefinition.reset(); }
     /// A copy of the inherited column values.
     SigdbElementDetails sigdbElementDetails() const { return *this; }
+    /// Whether the element has no type yet.
     bool isUndefinedType() const { return isTYPEundefined(); }
 
     // Carried records
+    /// The number of these details within their list.
     base::DbDataType<int> &detailsNumber() { return m_detailsNumber; }
+    /// The number of these details within their list, read-only.
     const base::DbDataType<int> &detailsNumber() const { return m_detailsNumber; }
+    /// The documents the element refers to.
     ReferenceDocumentList &referenceDocuments() { return m_referenceDocuments; }
+    /// The documents the element refers to, read-only.
     const ReferenceDocumentList &referenceDocuments() const { return m_referenceDocuments; }
+    /// The overview list of the element's network.
     ElementOverviewList &networkList() { return m_networkList; }
+    /// The overview list of the element's network, read-only.
     const ElementOverviewList &networkList() const { return m_networkList; }
+    /// The callsign table of the element's network.
     CallsignTable &callsignTable() { return m_callsignTable; }
+    /// The callsign table of the element's network, read-only.
     const CallsignTable &callsignTable() const { return m_callsignTable; }
+    /// The overview of the element's network.
     ElementOverview &networkResult() { return m_networkResult; }
+    /// The overview of the element's network, read-only.
     const ElementOverview &networkResult() const { return m_networkResult; }
+    /// The TID of the collocation group the element belongs to; NULL when it belongs to none.
     base::DbDataType<unsigned long long> &collocationTID() { return m_collocationTID; }
+    /// The TID of the collocation group, read-only.
     const base::DbDataType<unsigned long long> &collocationTID() const { return m_collocationTID; }
+    /// The included detail currently selected for editing.
     SigdbElementDetails &currentSelectedIncludedDetails() { return m_currentSelectedIncludedDetails; }
+    /// The included detail currently selected, read-only.
     const SigdbElementDetails &currentSelectedIncludedDetails() const { return m_currentSelectedIncludedDetails; }
 
     /// Never NULL: true when the element belongs to a collocation group (collocationTID set).
@@ -89,10 +111,12 @@ public:
 
     /// The ioData object, created first when there is none.
     RefIoData &ioData();
+    /// Whether the ioData object exists.
     bool ioDataEnabled() const { return m_ioData != nullptr; }
     /// Creates the ioData object (on) or deletes it (off).
     void setIoDataEnabled(bool on);
 
+    /// Asks (or not) that the server create an exchange id for the element when it is new.
     void setCreateExchgIdForNewElement(bool create) { m_createExchgIdForNewElement = create; }
     /// Whether the server is to create an exchange id for the element when it is new. A flag
     /// set false is overridden (with a diagnostic) when the element has no usable exchange id.

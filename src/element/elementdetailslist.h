@@ -19,14 +19,19 @@ namespace sigdb {
 class SIGDBREF_EXPORT ElementDetailsList : public base::DbBaseType, public EntrySequence<ElementDetails>
 {
 public:
+    /// Tag of the count frame.
     static constexpr int CountTag = 1;
+    /// Tag of the callsign table text of each detail.
     static constexpr int CallsignTableTag = 1111;
 
     ElementDetailsList();
+    /// A copy of \a other.
     ElementDetailsList(const ElementDetailsList &other);
+    /// Takes over the contents of \a other without copying them.
     ElementDetailsList(ElementDetailsList &&other) = default;
     ~ElementDetailsList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     ElementDetailsList &operator=(const ElementDetailsList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -39,30 +44,40 @@ public:
     /// after the other from there. Returns the last detail's result (\a start + 1 when empty).
     int setIDs(int start);
 
+    /// Writes the list number, the count frame and every detail.
     void writeTo(ColumnWriter &writer) const;
+    /// Clears the list and reads it back; false on a frame that does not fit or bytes that end early.
     bool readFrom(ColumnReader &reader);
 
+    /// Appends a copy of \a details.
     void appendDetails(const ElementDetails &details) { appendEntry(details); }
     /// Appends copies of all details of \a other (its list number is not taken).
     void appendDetailsList(const ElementDetailsList &other);
 
     /// Starts an iteration: the first detail (null when empty), with the cursor past it.
     ElementDetails *getFirstDetail() { return firstEntry(); }
+    /// The detail under the cursor, advancing the cursor; null after the last.
     ElementDetails *getNextDetail() { return getNextEntry(); }
+    /// The first detail in place; null for an empty list. The cursor stays.
     ElementDetails *firstDetailPointer() { return m_entries.empty() ? nullptr : &m_entries.front(); }
     /// A copy of the first detail; a default one for an empty list.
     ElementDetails firstDetail() const;
     /// The element type of detail \a index; 0 for an index out of range.
     int getTypeOfIndex(unsigned int index) const;
 
+    /// The number of the list, which the server echoes in its answer.
     base::DbDataType<int> &listNumber() { return m_listNumber; }
+    /// The number of the list, read-only.
     const base::DbDataType<int> &listNumber() const { return m_listNumber; }
 
     /// The largest order number of the parameter rows (column 586) over all details; -1 for
     /// an empty list.
     int getMaxOrderNumberOfParameterSets();
+    /// Selects the current included detail of every detail (ElementDetails::initCurrentSelectedIncludedDetails()).
     void initMemberCurrentParameterSets();
+    /// Sets the approval action of every detail to accept (true) or reject (false).
     void setApprove(bool approve);
+    /// Puts the lists inside every detail in order (ElementDetails::sortLists()).
     void sortLists();
     /// Whether the list carries what the approval of a linked pair needs: a second detail of a
     /// known type that either carries no approval data or has the column standing in for the

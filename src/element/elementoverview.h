@@ -106,7 +106,9 @@ public:
     };
 
     ElementOverview();
+    /// A copy of \a other.
     ElementOverview(const ElementOverview &other);
+    /// Takes over the contents of \a other without copying them.
     ElementOverview(ElementOverview &&other) = default;
     ~ElementOverview() override;
     using base::DbBaseType::operator=;
@@ -163,10 +165,15 @@ public:
     bool isCurrentlyInMdlAndApl() const;
 
     // Membership flags of networkTypeWord; all false while the word is NULL.
+    /// Whether the element is a network member in the MDL.
     bool isMemberOfNetworkInMdl() const { return hasNetworkWordFlag(MemberOfNetworkInMdl); }
+    /// Whether the element is a network member in the APL.
     bool isMemberOfNetworkInApl() const { return hasNetworkWordFlag(MemberOfNetworkInApl); }
+    /// Whether the element is a collocation group member in the MDL.
     bool isMemberOfCollocationGroupInMdl() const { return hasNetworkWordFlag(MemberOfCollocationGroupInMdl); }
+    /// Whether the element is a collocation group member in the APL.
     bool isMemberOfCollocationGroupInApl() const { return hasNetworkWordFlag(MemberOfCollocationGroupInApl); }
+    /// Whether the element's collocation group is not approved.
     bool hasNotApprovedCollocationGroup() const { return hasNetworkWordFlag(NotApprovedCollocationGroup); }
 
     // Modifiers
@@ -184,10 +191,15 @@ public:
     void addNetworkType(int type);
     // Membership flag setters: a NULL word becomes the flag alone, a flag already set stays
     // as it is, otherwise the flag is added to the word.
+    /// Marks the element a network member in the MDL.
     void setIsMemberOfNetworkInMdl() { setNetworkWordFlag(MemberOfNetworkInMdl); }
+    /// Marks the element a network member in the APL.
     void setIsMemberOfNetworkInApl() { setNetworkWordFlag(MemberOfNetworkInApl); }
+    /// Marks the element a collocation group member in the MDL.
     void setIsMemberOfCollocationGroupInMdl() { setNetworkWordFlag(MemberOfCollocationGroupInMdl); }
+    /// Marks the element a collocation group member in the APL.
     void setIsMemberOfCollocationGroupInApl() { setNetworkWordFlag(MemberOfCollocationGroupInApl); }
+    /// Marks the element's collocation group as not approved.
     void setHasNotApprovedCollocationGroup() { setNetworkWordFlag(NotApprovedCollocationGroup); }
     /// Sets the word from "S", "H" or "U" (exact); any other text leaves type 0. Either way
     /// every membership flag is cleared.
@@ -228,17 +240,23 @@ public:
     static std::string getKey(const std::string &a, const std::string &b, int type);
 
     // Fields, in declaration order
+    /// The element's identity.
     SigdbElement element;
+    /// An element related to this one, for example the "from" end of a connection.
     SigdbElement relatedElement;
     /// Handed on as the exchange id of an approval request.
     base::DbDataType<std::string> exchgIdText;
+    /// The second information text.
     base::DbDataType<std::string> infoText2;
+    /// The third information text.
     base::DbDataType<std::string> infoText3;
+    /// The fourth information text.
     base::DbDataType<std::string> infoText4;
     /// First part of the element key.
     base::DbDataType<std::string> keyText1;
     /// Second part of the element key.
     base::DbDataType<std::string> keyText2;
+    /// Third part of the element key.
     base::DbDataType<std::string> keyText3;
     /// The kind of location; locationIndication() reads 0 while NULL.
     StateColumn<Location_Indication_Type, LocationIndication_None> locationIndication;
@@ -248,15 +266,19 @@ public:
     StateColumn<Modification_State, Modification_Unknown> linkModificationState;
     /// Network type (0..3) and membership flags (NetworkWordFlag) in one word.
     base::DbDataType<int> networkTypeWord;
+    /// A 64-bit id the server sends with the overview; carried, compared and streamed only.
     base::DbDataType<unsigned long long> auxiliaryTid;
     /// The element's location; for a collocation group the group's location.
     LocationEntry location;
+    /// The element's location history.
     LocationEntryList locationList;
     /// Elements linked to this one by a unique link, the superior element among them.
     ElementList uniqueLinks;
+    /// Whether the element leads its collocation group; setCollocationGroupLeader() sets it.
     base::DbDataType<bool> collocationGroupLeader;
     /// Position for ordered insertion into a list; not compared.
     base::DbDataType<int> orderNumber;
+    /// The collocation modification bit set of the element.
     CollocationStateColumn collocationModState;
 
 private:

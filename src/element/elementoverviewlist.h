@@ -42,10 +42,13 @@ public:
     };
 
     ElementOverviewList();
+    /// A copy of \a other.
     ElementOverviewList(const ElementOverviewList &other);
+    /// Takes over the contents of \a other without copying them.
     ElementOverviewList(ElementOverviewList &&other) = default;
     ~ElementOverviewList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     ElementOverviewList &operator=(const ElementOverviewList &other);
 
     /// A new heap copy of \a source (an ElementOverviewList); the caller owns it.
@@ -74,34 +77,48 @@ public:
     // List fields
     /// How many further results the server holds beyond those delivered.
     unsigned int moreResultsAvailable() const { return m_moreResultsAvailable; }
+    /// Sets how many further results the server holds.
     void setMoreResultsAvailable(unsigned int count) { m_moreResultsAvailable = count; }
+    /// Adds \a count to the further results the server holds.
     void addMoreResultsAvailable(unsigned int count) { m_moreResultsAvailable += count; }
     /// The element whose list this is (for a collocation group: the group).
     const SigdbElement &parentDefinition() const { return m_parentDefinition; }
+    /// The element whose list this is, writable.
     SigdbElement &parentDefinition() { return m_parentDefinition; }
+    /// Sets the element whose list this is.
     void setParentDefinition(const SigdbElement &parent) { m_parentDefinition = parent; }
+    /// The element type of the parent.
     int parentType() const { return m_parentDefinition.type(); }
+    /// Whether the parent has no TID.
     bool isParentTIDundefined() const { return m_parentDefinition.isTIDundefined(); }
     /// The parent's TID; for a parent of type 24 without TID the TID of the first sub-list's
     /// parent (when there is a sub-list).
     unsigned long long parentTID() const;
     /// The kind of list that was requested.
     ElementList_Type requestedListType() const { return m_requestedListType; }
+    /// Sets the kind of list that was requested.
     void setRequestedListType(ElementList_Type type) { m_requestedListType = type; }
     /// The data layer of the list; 0 means not set.
     int dataLayer() const { return m_dataLayer; }
+    /// Sets the data layer of the list.
     void setDataLayer(int layer) { m_dataLayer = layer; }
+    /// Whether a data layer is set.
     bool isDataLayerSet() const { return m_dataLayer != 0; }
     /// The location of the collocation group the list describes.
     const LocationEntry &collocatedLocation() const { return m_collocatedLocation; }
+    /// Sets the location of the collocation group.
     void setCollocatedLocation(const LocationEntry &location) { m_collocatedLocation = location; }
 
     // Collocation modification state of the group the list describes; NULL reads as 0
+    /// The collocation modification bit set of the group; 0 while NULL.
     int collocationModificationState() const { return collocationModState(); }
+    /// Replaces the collocation modification bit set; not NULL afterwards.
     void setCollocationModificationState(int state) { collocationModState = state; }
+    /// Whether bit \a state is in the collocation modification state.
     bool hasCollocationModificationState(int state) const { return collocationModState.has(state); }
     /// Adds bit \a state when absent; state 1 is kept (unlike on an ElementOverview).
     void addCollocationModificationState(int state) { collocationModState.add(state); }
+    /// Removes bit \a state when present; a NULL state stays NULL.
     void removeCollocationModificationState(int state) { collocationModState.remove(state); }
 
     /// Sets the approval action of the parent and, recursively, of every sub-list's parent;
@@ -154,7 +171,9 @@ public:
 
     /// The sub-list iteration, as setIteratorToStart(), firstResult() and getNextResult().
     void setSubListIteratorToStart() { m_subListCursor = 0; }
+    /// The first sub-list (null when none), with the sub-list cursor moved past it.
     const ElementOverviewList *firstSubList();
+    /// The sub-list under the cursor, advancing it; null after the last.
     const ElementOverviewList *getNextSubList();
 
     // Comparison
@@ -201,7 +220,9 @@ public:
     CollocationStateColumn collocationModState;
     /// Text columns carried with the list.
     base::DbDataType<std::string> listText1;
+    /// Second text column carried with the list.
     base::DbDataType<std::string> listText2;
+    /// Third text column carried with the list.
     base::DbDataType<std::string> listText3;
 
 private:

@@ -35,11 +35,15 @@ class SIGDBREF_EXPORT LinkAction : public ElementBaseName
 public:
     /// An undefined link: both ends default, action type 0, no order number, not existing.
     LinkAction();
+    /// A copy of \a other.
     LinkAction(const LinkAction &other);
+    /// Takes over the contents of \a other without copying them.
     LinkAction(LinkAction &&other) = default;
     ~LinkAction() override;
 
+    /// Assigns only the part that the base record holds; the fields this class adds stay as they are.
     using SigdbElement::operator=;
+    /// Assigns only the part that the base record holds; the fields this class adds stay as they are.
     using ElementBaseName::operator=;
     /// Copies everything, the stored names included.
     LinkAction &operator=(const LinkAction &other);
@@ -64,14 +68,22 @@ public:
     bool readLinkFrom(ColumnReader &reader);
 
     // Ends, action and order
+    /// Element A, the "from" end of the link.
     SigdbElement &fromElement() { return m_fromElement; }
+    /// Element A, read-only.
     const SigdbElement &fromElement() const { return m_fromElement; }
+    /// Sets element A.
     void setFromElement(const SigdbElement &element) { m_fromElement = element; }
+    /// Element B, the "to" end of the link.
     SigdbElement &toElement() { return m_toElement; }
+    /// Element B, read-only.
     const SigdbElement &toElement() const { return m_toElement; }
+    /// Sets element B.
     void setToElement(const SigdbElement &element) { m_toElement = element; }
 
+    /// The action type: the kind of change requested for the link (8 to 16 also imply the element types of both ends).
     int actionType() const { return m_actionType; }
+    /// Sets the action type.
     void setActionType(int actionType) { m_actionType = actionType; }
     /// Gives both ends the element types that the action type implies (8 to 16); any other
     /// action type leaves them as they are.
@@ -79,13 +91,16 @@ public:
 
     /// The position among ordered links; NULL (value -1) when the link has none.
     const base::DbDataType<int> &orderNumber() const { return m_orderNumber; }
+    /// Sets the position among ordered links.
     void setOrderNumber(int orderNumber) { m_orderNumber = orderNumber; }
     /// Takes value and NULL flag of \a orderNumber (its id only while this one has none).
     void setOrderNumber(const base::DbDataType<int> &orderNumber);
     /// Removes the order number: NULL, value -1.
     void clearOrderNumber();
 
+    /// Whether the link exists in the database.
     bool linkExists() const { return m_exists; }
+    /// Records whether the link exists in the database.
     void setLinkExists(bool exists) { m_exists = exists; }
 
     /// The link's reserved1 value, held in the name value of its ElementBaseName part.
@@ -125,8 +140,11 @@ public:
     const std::string &tableName() const override { return m_tableName; }
     /// The stored table alias.
     const std::string &tableAbbrevation() const override { return m_tableAbbrevation; }
+    /// The stored foreign-key column name (see setTableNameAndAbbrevation()).
     const std::string &fkTidName() const { return m_fkTidName; }
+    /// The stored column name that holds A's TID.
     const std::string &fieldNameFrom() const { return m_fieldNameFrom; }
+    /// The stored column name that holds B's TID.
     const std::string &fieldNameTo() const { return m_fieldNameTo; }
     /// The stored column prefix; A's table abbreviation for a unique link type while none is
     /// stored.
@@ -139,39 +157,55 @@ public:
     /// Whether no action is set (action type 0). Unlike an element's isUndefined(), the ends
     /// take no part.
     bool isUndefined() const { return m_actionType == 0; }
+    /// Whether B can have only this one link from an element of A's type.
     bool isUniqueLink() const;
+    /// Whether an element of \a typeB has at most one link from an element of \a typeA.
     static bool isUniqueLinkType(int typeA, int typeB);
     /// Whether the link stands in its stored direction.
     bool isNormalized() const;
+    /// Whether the schema declares links from \a typeA to \a typeB.
     static bool isValidLinkType(int typeA, int typeB);
+    /// Whether a link from \a a to \a b is valid in this direction.
     static bool isValidLink(const SigdbElement &a, const SigdbElement &b);
     /// A unique link between elements of one type.
     bool isHierarchicalLink() const;
+    /// Whether links from \a typeA to \a typeB are unique links between elements of one type.
     static bool isHierarchicalLinkType(int typeA, int typeB);
     /// A link between a network and one of its members, in either direction.
     bool isNetworkConnection() const;
+    /// Whether \a typeA and \a typeB are a network and a possible member, in either order.
     static bool isNetworkLinkType(int typeA, int typeB);
     /// A link between a network and a profile, in either direction.
     bool isNetworkProfileLink() const;
+    /// Whether \a typeA and \a typeB are a network and a profile, in either order.
     static bool isNetworkProfileLinkType(int typeA, int typeB);
+    /// Whether the link leads from a unit to one of its functions.
     bool isFunction() const;
+    /// Whether the link leads from a plot to a transceiver.
     bool isPlotTransceiverLink() const;
+    /// Whether the link joins a profile list and a profile, in either direction.
     bool isProfileListLink() const;
+    /// A profile list link, or a link between a transceiver and a profile in either direction.
     bool isProfileListImportLink() const;
+    /// Whether one end is a TSP partner and the other a network, a network member or a transceiver.
     bool isTspLink() const;
     /// TSP and profile list links are never approved.
     bool isApproveAbleLink() const;
+    /// The opposite of isApproveAbleLink().
     bool isNotApproveAbleLink() const;
     /// Whether links from A's type to B's type keep an order number.
     bool isOrderedLink() const;
     /// Whether A's type is the superior type of B's type.
     bool isSuperiorLink() const;
+    /// Whether \a typeA is the superior type of \a typeB.
     static bool isSuperiorLinkType(int typeA, int typeB);
     /// Only links from a transceiver to a profile carry a reserved1 value.
     bool hasReserved1() const;
     /// Exists, and exists in a related layer according to the approval state.
     bool linkExistsInRelatedLayer() const;
+    /// Whether the link's approval state says it is approved.
     bool linkIsApproved() const;
+    /// Whether the link's approval state says it is to be removed.
     bool linkIsToBeRemoved() const;
 
     // Direction and conversion

@@ -27,10 +27,13 @@ class SIGDBREF_EXPORT LinkChangeDefinition : public base::DbBaseType
 public:
     /// Two undefined links, no modification user.
     LinkChangeDefinition();
+    /// A copy of \a other.
     LinkChangeDefinition(const LinkChangeDefinition &other);
+    /// Takes over the contents of \a other without copying them.
     LinkChangeDefinition(LinkChangeDefinition &&other) = default;
     ~LinkChangeDefinition() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     LinkChangeDefinition &operator=(const LinkChangeDefinition &other);
 
     /// A new heap copy of \a source (a default definition when it is of another type).
@@ -53,13 +56,20 @@ public:
     /// user is unchanged.
     bool readFrom(ColumnReader &reader);
 
+    /// The first link action of the change.
     LinkAction &link1() { return m_link1; }
+    /// The first link action, read-only.
     const LinkAction &link1() const { return m_link1; }
+    /// Replaces the first link action.
     void setLink1(const LinkAction &link) { m_link1 = link; }
+    /// The second link action of the change.
     LinkAction &link2() { return m_link2; }
+    /// The second link action, read-only.
     const LinkAction &link2() const { return m_link2; }
+    /// Replaces the second link action.
     void setLink2(const LinkAction &link) { m_link2 = link; }
 
+    /// The user who made the change.
     const base::DbDataType<std::string> &modificationUser() const { return m_modificationUser; }
     /// Records \a user as the one who changed the links: in the definition, in both links and
     /// in all four ends. Each place takes text and NULL flag, and the id only while it has none.
@@ -84,10 +94,13 @@ class SIGDBREF_EXPORT LinkChangeDefinitionList
 {
 public:
     LinkChangeDefinitionList();
+    /// A copy of \a other.
     LinkChangeDefinitionList(const LinkChangeDefinitionList &other);
+    /// Takes over the contents of \a other without copying them.
     LinkChangeDefinitionList(LinkChangeDefinitionList &&other) = default;
     ~LinkChangeDefinitionList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     LinkChangeDefinitionList &operator=(const LinkChangeDefinitionList &other);
 };
 

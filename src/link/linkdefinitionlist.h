@@ -14,10 +14,13 @@ class SIGDBREF_EXPORT LinkDefinitionList : public LinkEntryList<LinkDefinitionLi
 {
 public:
     LinkDefinitionList();
+    /// A copy of \a other.
     LinkDefinitionList(const LinkDefinitionList &other);
+    /// Takes over the contents of \a other without copying them.
     LinkDefinitionList(LinkDefinitionList &&other) = default;
     ~LinkDefinitionList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     LinkDefinitionList &operator=(const LinkDefinitionList &other);
 };
 

@@ -20,6 +20,7 @@ template <typename Derived, typename Entry>
 class SIGDBREF_EXPORT LinkEntryList : public base::DbBaseType, public EntrySequence<Entry>
 {
 public:
+    /// The record the list holds.
     using EntryType = Entry;
 
     /// A new heap copy of \a source (an empty list when it is of another type).
@@ -57,13 +58,18 @@ public:
         }
         return true;
     }
+    /// Lists are equal as compareList() says.
     friend bool operator==(const Derived &a, const Derived &b) { return a.compareList(b); }
+    /// The opposite of operator==.
     friend bool operator!=(const Derived &a, const Derived &b) { return !a.compareList(b); }
 
 protected:
     LinkEntryList() = default;
+    /// A copy of \a other.
     LinkEntryList(const LinkEntryList &other) = default;
+    /// Takes over the contents of \a other without copying them.
     LinkEntryList(LinkEntryList &&other) = default;
+    /// Replaces the contents with a copy of \a other.
     LinkEntryList &operator=(const LinkEntryList &other) = default;
     ~LinkEntryList() override = default;
 };

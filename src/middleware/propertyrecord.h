@@ -47,9 +47,13 @@ namespace sigdb {
 template <typename Record, typename Value>
 struct PropertyField
 {
+    /// The type of the property's value.
     using ValueType = Value;
+    /// The property's index in the stream.
     int index;
+    /// The property's name, as the messages show it.
     const char *name;
+    /// The member of the record that holds the value.
     Value Record::*member;
 };
 
@@ -99,6 +103,7 @@ public:
 
     /// Records of one class are equal when their store types and all properties are.
     friend bool operator==(const Record &a, const Record &b) { return a.equals(b); }
+    /// The opposite of operator==.
     friend bool operator!=(const Record &a, const Record &b) { return !a.equals(b); }
 
 protected:

@@ -18,10 +18,13 @@ class SIGDBREF_EXPORT CallsignEntry : public base::DbBaseType
 {
 public:
     CallsignEntry();
+    /// A copy of \a other.
     CallsignEntry(const CallsignEntry &other);
+    /// Takes over the contents of \a other without copying them.
     CallsignEntry(CallsignEntry &&other) = default;
     ~CallsignEntry() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     CallsignEntry &operator=(const CallsignEntry &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -34,9 +37,13 @@ public:
 
     /// A number carried with the entry; neither numbered nor compared.
     base::DbDataType<unsigned long long> entryNumber;
+    /// The first of the four callsigns.
     base::DbDataType<std::string> firstCallsign;
+    /// The second callsign.
     base::DbDataType<std::string> secondCallsign;
+    /// The third callsign.
     base::DbDataType<std::string> thirdCallsign;
+    /// The fourth callsign.
     base::DbDataType<std::string> fourthCallsign;
 };
 
@@ -49,10 +56,13 @@ class SIGDBREF_EXPORT CallsignEntryList : public ChainedList<CallsignEntry>
 {
 public:
     CallsignEntryList();
+    /// A copy of \a other.
     CallsignEntryList(const CallsignEntryList &other);
+    /// Takes over the contents of \a other without copying them.
     CallsignEntryList(CallsignEntryList &&other) = default;
     ~CallsignEntryList() override;
     using ChainedList<CallsignEntry>::operator=;
+    /// Replaces the contents with a copy of \a other.
     CallsignEntryList &operator=(const CallsignEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -62,6 +72,7 @@ public:
     CallsignEntry *entryAt(int index);
     /// Assigns the entry at \a index; no effect when \a index is not less than count().
     void changeEntryAt(int index, const CallsignEntry &entry);
+    /// Whether an equal entry is in the list.
     bool contains(const CallsignEntry &entry) const;
     /// Same count, and every entry of this list has an equal entry somewhere in \a other;
     /// the order does not matter and duplicates are not counted.

@@ -13,10 +13,13 @@ class SIGDBREF_EXPORT CallsignSet : public base::DbBaseType
 {
 public:
     CallsignSet();
+    /// A copy of \a other.
     CallsignSet(const CallsignSet &other);
+    /// Takes over the contents of \a other without copying them.
     CallsignSet(CallsignSet &&other) = default;
     ~CallsignSet() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     CallsignSet &operator=(const CallsignSet &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -27,8 +30,11 @@ public:
     /// returns the last id given.
     int setIDs(int start);
 
+    /// The first text of the set.
     base::DbDataType<std::string> firstValue;
+    /// The second text of the set.
     base::DbDataType<std::string> secondValue;
+    /// One callsign entry per connection of the table, in connection order.
     CallsignEntryList entries;
 };
 
@@ -41,10 +47,13 @@ class SIGDBREF_EXPORT CallsignSetList : public ChainedList<CallsignSet>
 {
 public:
     CallsignSetList();
+    /// A copy of \a other.
     CallsignSetList(const CallsignSetList &other);
+    /// Takes over the contents of \a other without copying them.
     CallsignSetList(CallsignSetList &&other) = default;
     ~CallsignSetList() override;
     using ChainedList<CallsignSet>::operator=;
+    /// Replaces the contents with a copy of \a other.
     CallsignSetList &operator=(const CallsignSetList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;

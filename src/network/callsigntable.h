@@ -30,10 +30,13 @@ class SIGDBREF_EXPORT CallsignTable : public base::DbBaseType
 {
 public:
     CallsignTable();
+    /// A copy of \a other.
     CallsignTable(const CallsignTable &other);
+    /// Takes over the contents of \a other without copying them.
     CallsignTable(CallsignTable &&other) = default;
     ~CallsignTable() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     CallsignTable &operator=(const CallsignTable &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -96,6 +99,7 @@ public:
     /// fromText() from UTF-8 bytes.
     bool fromUtf8Text(const QByteArray &text);
 
+    /// The connections of the network, in table order.
     ConnectionEntryList connections;
     /// Entry i of every set belongs to connection i.
     CallsignSetList sets;

@@ -46,8 +46,11 @@ public:
 
 protected:
     ChainedList() = default;
+    /// A copy of \a other.
     ChainedList(const ChainedList &other) = default;
+    /// Takes over the contents of \a other without copying them.
     ChainedList(ChainedList &&other) = default;
+    /// Replaces the contents with a copy of \a other.
     ChainedList &operator=(const ChainedList &other) = default;
     ~ChainedList() override = default;
 };

@@ -38,13 +38,17 @@ public:
 
     /// A connection in its reset state.
     ConnectionEntry();
+    /// A copy of \a other.
     ConnectionEntry(const ConnectionEntry &other);
+    /// Takes over the contents of \a other without copying them.
     ConnectionEntry(ConnectionEntry &&other) = default;
     /// A connection with the identity, dates and user of \a element, its own fields as after
     /// reset().
     explicit ConnectionEntry(const SigdbElement &element);
     ~ConnectionEntry() override;
+    /// Assigns only the part that the base record holds; the fields this class adds stay as they are.
     using SigdbElement::operator=;
+    /// Replaces the contents with a copy of \a other.
     ConnectionEntry &operator=(const ConnectionEntry &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -87,11 +91,15 @@ public:
     /// unequal layers of which neither is 1 count as equal).
     static bool layersDiffer(int a, int b);
 
+    /// The "from" end of the connection.
     ConnectionEntryDefinition fromDefinition;
+    /// The "to" end of the connection.
     ConnectionEntryDefinition toDefinition;
+    /// A flag the server keeps with the connection; true on a fresh connection.
     base::DbDataType<bool> connectionFlag;
     /// A MergeState while not NULL.
     base::DbDataType<int> modificationState;
+    /// A second number the server keeps with the connection.
     base::DbDataType<int> secondNumber;
     /// Position of the connection in its own table (-1: not set).
     int indexInList = -1;
@@ -110,10 +118,13 @@ class SIGDBREF_EXPORT ConnectionEntryList : public ChainedList<ConnectionEntry>
 {
 public:
     ConnectionEntryList();
+    /// A copy of \a other.
     ConnectionEntryList(const ConnectionEntryList &other);
+    /// Takes over the contents of \a other without copying them.
     ConnectionEntryList(ConnectionEntryList &&other) = default;
     ~ConnectionEntryList() override;
     using ChainedList<ConnectionEntry>::operator=;
+    /// Replaces the contents with a copy of \a other.
     ConnectionEntryList &operator=(const ConnectionEntryList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -122,7 +133,9 @@ public:
     ConnectionEntry entryAt(int index) const;
     /// Connection \a index; null when there is none.
     ConnectionEntry *entryReferenceAt(int index);
+    /// Connection \a index, read-only; null when there is none.
     const ConnectionEntry *entryReferenceAt(int index) const;
+    /// Whether an equal connection is in the list.
     bool contains(const ConnectionEntry &entry) const;
     /// Same count, and every connection of this list has an equal connection somewhere in
     /// \a other (the order does not matter).

@@ -19,10 +19,13 @@ class SIGDBREF_EXPORT ConnectionEntryDefinition : public base::DbBaseType
 {
 public:
     ConnectionEntryDefinition();
+    /// A copy of \a other.
     ConnectionEntryDefinition(const ConnectionEntryDefinition &other);
+    /// Takes over the contents of \a other without copying them.
     ConnectionEntryDefinition(ConnectionEntryDefinition &&other) = default;
     ~ConnectionEntryDefinition() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     ConnectionEntryDefinition &operator=(const ConnectionEntryDefinition &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -48,11 +51,17 @@ public:
     /// overview describes it).
     ElementOverview toResult() const;
 
+    /// The overview of the end element.
     ElementOverview overview;
+    /// The first text of the end.
     base::DbDataType<std::string> firstText;
+    /// The second text of the end.
     base::DbDataType<std::string> secondText;
+    /// The end element.
     SigdbElement element;
+    /// Whether the end is an RCS.
     base::DbDataType<bool> rcs;
+    /// Whether the end is a relay.
     base::DbDataType<bool> relay;
 };
 

@@ -27,10 +27,13 @@ class SIGDBREF_EXPORT QueryRequest : public base::DbBaseType
 {
 public:
     QueryRequest();
+    /// A copy of \a other.
     QueryRequest(const QueryRequest &other);
+    /// Takes over the contents of \a other without copying them.
     QueryRequest(QueryRequest &&other) = default;
     ~QueryRequest() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     QueryRequest &operator=(const QueryRequest &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -50,21 +53,26 @@ public:
 
     /// The element searched from, with the paging of the result list.
     SigdbElementWithMaxCount &element() { return m_element; }
+    /// The element searched from, read-only.
     const SigdbElementWithMaxCount &element() const { return m_element; }
     /// Element details whose column values serve as a template for the search.
     SigdbElementDetails &detailsTemplate() { return m_details; }
+    /// The template details, read-only.
     const SigdbElementDetails &detailsTemplate() const { return m_details; }
     /// The request's flag column, written before the query columns.
     base::DbDataType<bool> &exactMatch() { return m_exactMatch; }
+    /// The flag column, read-only.
     const base::DbDataType<bool> &exactMatch() const { return m_exactMatch; }
 
     /// All query columns, in wire order (for code that walks them generically).
     QueryColumns &columns() { return m_columns; }
+    /// All query columns, read-only.
     const QueryColumns &columns() const { return m_columns; }
     /// The query column at \a Position.
     template <int Position>
     QueryColumnAt<Position> &column() { return std::get<Position>(m_columns); }
     template <int Position>
+    /// The query column at \a Position, read-only.
     const QueryColumnAt<Position> &column() const { return std::get<Position>(m_columns); }
     /// The name of the query column at \a position (null outside 0 to QueryColumnCount - 1).
     static const char *columnName(int position);
@@ -104,10 +112,13 @@ public:
     static constexpr int CountTag = 5;
 
     QueryRequestList();
+    /// A copy of \a other.
     QueryRequestList(const QueryRequestList &other);
+    /// Takes over the contents of \a other without copying them.
     QueryRequestList(QueryRequestList &&other) = default;
     ~QueryRequestList() override;
     using base::DbBaseType::operator=;
+    /// Replaces the contents with a copy of \a other.
     QueryRequestList &operator=(const QueryRequestList &other);
 
     base::DbBaseType *getCopy(const base::DbBaseType *source) override;
@@ -133,18 +144,23 @@ public:
 
     /// A number the server may use to tell queries apart.
     base::DbDataType<unsigned long long> &queryId() { return m_queryId; }
+    /// The query number, read-only.
     const base::DbDataType<unsigned long long> &queryId() const { return m_queryId; }
     /// The kind of search.
     base::DbDataType<QueryRequest_Type> &requestType() { return m_requestType; }
+    /// The kind of search, read-only.
     const base::DbDataType<QueryRequest_Type> &requestType() const { return m_requestType; }
     /// A name of the query, for example of a stored search.
     base::DbDataType<std::string> &queryName() { return m_queryName; }
+    /// The query's name, read-only.
     const base::DbDataType<std::string> &queryName() const { return m_queryName; }
     /// Whose query it is.
     base::DbDataType<std::string> &queryOwner() { return m_queryOwner; }
+    /// The query's owner, read-only.
     const base::DbDataType<std::string> &queryOwner() const { return m_queryOwner; }
     /// A number of the client's own that travels with the query and is not compared.
     qint64 clientReference() const { return m_clientReference; }
+    /// Sets the client's own number that travels with the query.
     void setClientReference(qint64 reference) { m_clientReference = reference; }
 
 private:

@@ -15,8 +15,11 @@ namespace sigdb {
 /// One row per combination; the fourth is "e", not "d", and must stay so for the server.
 struct OrderFlagCode
 {
+    /// Whether the row sorts by the column.
     bool orderBy;
+    /// Whether the row sorts ascending.
     bool ascending;
+    /// The letter that stands for the combination on the wire.
     char code;
 };
 
@@ -86,9 +89,11 @@ public:
         return *this;
     }
 
+    /// Whether the result is sorted by this column.
     bool orderBy() const { return m_orderBy; }
     /// Whether the result is to be sorted by this column.
     void setOrderBy(bool orderBy) { m_orderBy = orderBy; }
+    /// Whether the sort is ascending.
     bool ascending() const { return m_ascending; }
     /// The sort direction: true for ascending.
     void setAscending(bool ascending) { m_ascending = ascending; }
@@ -116,6 +121,7 @@ public:
         return base::DbDataType<T>::operator==(other) && m_orderBy == other.m_orderBy
             && m_ascending == other.m_ascending;
     }
+    /// The opposite of operator==.
     bool operator!=(const RefDatatypeOrder &other) const { return !(*this == other); }
 
     /// Writes the value frame and the flag frame.
