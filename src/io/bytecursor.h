@@ -25,6 +25,7 @@ namespace sigdb {
 class SIGDBCORE_EXPORT ByteWriter
 {
 public:
+    /// Writes into \a target, which must outlive the writer.
     explicit ByteWriter(QByteArray &target);
     ~ByteWriter() { finish(); }
     ByteWriter(const ByteWriter &) = delete;
@@ -57,6 +58,7 @@ public:
             qToBigEndian(value, at);
         return at + sizeof(T);
     }
+    /// Stores the bits of \a value big-endian at \a at, as QDataStream writes a double.
     static char *store(char *at, double value)
     {
         quint64 bits = 0;
@@ -65,10 +67,12 @@ public:
     }
 
     template <typename T>
+    /// Appends \a value big-endian.
     void put(T value)
     {
         store(claim(sizeof(T)), value);
     }
+    /// Appends \a size bytes from \a data as they are.
     void putRaw(const char *data, qint64 size)
     {
         if (size > 0)
@@ -97,6 +101,7 @@ class ByteReader
 {
 public:
     ByteReader() = default;
+    /// Reads the bytes from \a begin up to \a end, which the caller keeps alive.
     ByteReader(const char *begin, const char *end)
         : m_begin(begin)
         , m_cursor(begin)
@@ -104,9 +109,13 @@ public:
     {
     }
 
+    /// The read position in bytes from the beginning.
     qint64 position() const { return m_cursor - m_begin; }
+    /// The bytes not yet read.
     qint64 bytesLeft() const { return m_end - m_cursor; }
+    /// Whether \a size more bytes are there to read.
     bool has(qint64 size) const { return m_end - m_cursor >= size; }
+    /// The next byte to read, for reading a run of bytes in place.
     const char *cursor() const { return m_cursor; }
 
     /// The next value; the caller has checked has(sizeof(T)).
@@ -138,6 +147,7 @@ public:
 
     /// Moves over \a size bytes, or to the end if fewer are left; never backwards.
     void skip(qint64 size) { m_cursor += std::clamp<qint64>(size, 0, bytesLeft()); }
+    /// Moves to the end: nothing more is read.
     void skipToEnd() { m_cursor = m_end; }
     /// Moves back to \a position (one already passed).
     void rewind(qint64 position) { m_cursor = m_begin + position; }

@@ -43,6 +43,7 @@ enum ColumnSize : qint16 {
 class SIGDBCORE_EXPORT ColumnWriter
 {
 public:
+    /// Writes into \a target, which must outlive the writer.
     explicit ColumnWriter(QByteArray &target)
         : m_bytes(target)
     {
@@ -55,28 +56,39 @@ public:
     /// The number of frames written: a record of the same shape takes at least four bytes each.
     qint64 frameCount() const { return m_frames; }
 
+    /// A frame header alone: tag and size, no value (size 0 is a NULL).
     void writeHeader(int tag, int size) { frame(tag, size, 0); }
 
     // Bare fields that are not column values: fixed tag, never NULL.
+    /// A bare one-byte field: \a tag, size 1, \a value.
     void writeByteField(int tag, qint8 value) { writeValue(tag, value); }
+    /// A bare 16-bit field: \a tag, size 2, \a value (counts, flags, element attributes).
     void writeShortField(int tag, qint16 value) { writeValue(tag, value); }
+    /// A bare 64-bit field: \a tag, size 8, \a value (list counts, indexes).
     void writeLongField(int tag, qint64 value) { writeValue(tag, value); }
 
     // Column values: the tag is the value's own column id.
+    /// A 64-bit column (TIDs): size 8, or NULL.
     void write(const base::DbDataType<unsigned long long> &value) { writeColumn<qint64>(value); }
+    /// A double column: size 8, its IEEE bits big-endian, or NULL.
     void write(const base::DbDataType<double> &value) { writeColumn<double>(value); }
+    /// A bool column: size 2, 0 or 1, or NULL.
     void write(const base::DbDataType<bool> &value) { writeColumn<qint16>(value); }
     /// The byte is sign-extended: a character above 0x7F travels as a negative number.
     void write(const base::DbDataType<char> &value) { writeColumn<qint16, signed char>(value); }
     /// An int column in the narrow form (one byte).
     void write(const base::DbDataType<int> &value) { writeColumn<qint8>(value); }
+    /// An int column in the wide form (eight bytes, sign-extended).
     void writeWide(const base::DbDataType<int> &value) { writeColumn<qint64>(value); }
+    /// An unsigned int column in the wide form (eight bytes, zero-extended).
     void writeWide(const base::DbDataType<unsigned int> &value) { writeColumn<qint64>(value); }
     template <typename E>
+    /// An enumeration column in the narrow form (one byte), or NULL.
     void writeEnum(const base::DbDataType<E> &value)
     {
         writeColumn<qint8>(value);
     }
+    /// A text column: size length + 1, then the text as a C string, or NULL.
     void write(const base::DbDataType<std::string> &value);
     /// A text that is not a numbered column: tag 0, except that a NULL text keeps its own id.
     void writeUntagged(const base::DbDataType<std::string> &value);
@@ -125,6 +137,7 @@ public:
     /// Records nest (sub-lists, included details) at most this deep.
     static constexpr int MaxNesting = 64;
 
+    /// Reads \a source from its first byte; the reader keeps its own reference to the bytes.
     explicit ColumnReader(const QByteArray &source)
         : m_source(source)
         , m_bytes(m_source.constData(), m_source.constData() + m_source.size())
@@ -137,8 +150,10 @@ public:
     qint64 offset() const { return m_bytes.position(); }
     /// The bytes not yet read.
     qint64 bytesLeft() const { return m_bytes.bytesLeft(); }
+    /// Whether every byte has been read.
     bool atEnd() const { return bytesLeft() <= 0; }
 
+    /// Reads a frame header; tag and size 0 when fewer than four bytes are left.
     void readHeader(qint16 &tag, qint16 &size)
     {
         // A header cut short by the end of the input reads like one past the end: tag 0, size
@@ -154,16 +169,26 @@ public:
         size = m_bytes.take<qint16>();
     }
 
+    /// Reads a bare one-byte field under \a tag; false on another tag or size, or NULL.
     bool readByteField(int tag, qint8 &value) { return readField(tag, value); }
+    /// Reads a bare 16-bit field under \a tag; false on another tag or size, or NULL.
     bool readShortField(int tag, qint16 &value) { return readField(tag, value); }
+    /// Reads a bare 64-bit field under \a tag; false on another tag or size, or NULL.
     bool readLongField(int tag, qint64 &value) { return readField(tag, value); }
 
+    /// Reads a 64-bit column under the value's own id.
     bool read(base::DbDataType<unsigned long long> &value) { return readColumn<qint64>(value); }
+    /// Reads a double column under the value's own id.
     bool read(base::DbDataType<double> &value) { return readColumn<double>(value); }
+    /// Reads a bool column under the value's own id (any non-zero value is true).
     bool read(base::DbDataType<bool> &value) { return readColumn<qint16>(value); }
+    /// Reads a char column under the value's own id.
     bool read(base::DbDataType<char> &value) { return readColumn<qint16>(value); }
+    /// Reads an int column in the narrow form under the value's own id.
     bool read(base::DbDataType<int> &value) { return readColumn<qint8>(value); }
+    /// Reads an int column in the wide form under the value's own id.
     bool readWide(base::DbDataType<int> &value) { return readColumn<qint64>(value); }
+    /// Reads an unsigned int column in the wide form under the value's own id.
     bool readWide(base::DbDataType<unsigned int> &value) { return readColumn<qint64>(value); }
     /// An enumeration column in the narrow form; a frame that gives no value leaves it NULL
     /// with the enumeration's value 0.
@@ -177,6 +202,7 @@ public:
         value.setNull(number.isNull());
         return ok;
     }
+    /// Reads a text column under the value's own id; a text whose length runs past the end fails and reads as NULL.
     bool read(base::DbDataType<std::string> &value)
     {
         qint16 tag = 0;
@@ -193,19 +219,24 @@ public:
         value.setNull(false);
         return tagMatches;
     }
+    /// Reads a text written by writeUntagged(); the value carries id 0 for it.
     bool readUntagged(base::DbDataType<std::string> &value) { return read(value); }
 
+    /// Reads profile parameter flags written by writeFlags(); \a flags is replaced only when all were read.
     bool readFlags(int tag, std::vector<bool> &flags);
+    /// Reads a text under a fixed tag into \a text; false on NULL, another tag or a cut text.
     bool readTextField(int tag, QByteArray &text);
 
     /// Holds one level of record nesting while it lives; ok() is false beyond MaxNesting.
     class SIGDBCORE_EXPORT Nesting
     {
     public:
+        /// Enters one level of nesting on \a reader; leaving the scope leaves it.
         explicit Nesting(ColumnReader &reader);
         ~Nesting();
         Nesting(const Nesting &) = delete;
         Nesting &operator=(const Nesting &) = delete;
+        /// Whether this level is within MaxNesting.
         bool ok() const { return m_ok; }
 
     private:

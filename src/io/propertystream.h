@@ -40,6 +40,7 @@ namespace sigdb {
 class SIGDBREF_EXPORT PropertyWriter
 {
 public:
+    /// Writes into \a target, which must outlive the writer.
     explicit PropertyWriter(QByteArray &target)
         : m_bytes(target)
     {
@@ -66,8 +67,11 @@ public:
         writeSized(writeRecord);
     }
 
+    /// An int, unsigned int or enumeration value: qint32.
     void writeInt32(qint32 value) { m_bytes.put(value); }
+    /// A bool value: one byte, 0 or 1.
     void writeBool(bool value) { m_bytes.put(static_cast<qint8>(value ? 1 : 0)); }
+    /// An unsigned long long value: all 64 bits as qint64.
     void writeInt64(qint64 value) { m_bytes.put(value); }
     /// A text as a C string: cut at its first zero byte, bytes as they are.
     void writeString(const std::string &text);
@@ -104,6 +108,7 @@ public:
         EndOfStream, ///< the stream ended before the property (an older, shorter writer)
     };
 
+    /// Reads \a source from its first byte; the reader keeps its own reference to the bytes.
     explicit PropertyReader(const QByteArray &source)
         : m_source(source)
         , m_bytes(m_source.constData(), m_source.constData() + m_source.size())
@@ -138,8 +143,11 @@ public:
 
     // The value readers read exactly what their kind needs; a value cut short by the end of
     // the array reads as zero (numbers) or leaves the target as it was (texts, byte arrays).
+    /// Reads a qint32 value; 0 when cut short.
     void readInt32(qint32 &value) { value = m_bytes.takeOrZero<qint32>(); }
+    /// Reads a one-byte bool; false when cut short.
     void readBool(bool &value) { value = m_bytes.takeOrZero<qint8>() != 0; }
+    /// Reads a qint64 value; 0 when cut short.
     void readInt64(qint64 &value) { value = m_bytes.takeOrZero<qint64>(); }
     /// Reads a C string into \a text, up to its first zero byte. Length 0 carries no text and
     /// leaves \a text as it was; so does a length beyond the remaining bytes, which are then
@@ -157,6 +165,7 @@ public:
 
     /// The bytes not yet read.
     qint64 bytesLeft() const { return m_bytes.bytesLeft(); }
+    /// Whether every byte has been read.
     bool atEnd() const { return bytesLeft() <= 0; }
     /// The read position in bytes from the start of this reader's bytes.
     qint64 offset() const { return m_bytes.position(); }
