@@ -1,5 +1,6 @@
 #include "decodecommand.h"
 
+#include "jsonstream.h"
 #include "rawdissector.h"
 #include "recorddecoders.h"
 
@@ -9,14 +10,20 @@
 #include <QJsonObject>
 #include <QTextStream>
 
-#include <cstdio>
+#include <cctype>
+#include <limits>
 
 namespace sigdbtool {
 
 namespace {
 
-bool readInput(const QString &path, QByteArray &data, QString &error)
+// Input is read in pieces of this size, so that an endless input is refused after reading no
+// more than the maximum.
+constexpr qint64 kReadPiece = 1024 * 1024;
+
+bool readInput(const QString &path, qint64 maxInput, QByteArray &data, QString &error, bool &tooLarge)
 {
+    tooLarge = false;
     QFile file;
     const bool ok = path.isEmpty() || path == QLatin1String("-")
         ? file.open(stdin, QIODevice::ReadOnly)
@@ -25,14 +32,47 @@ bool readInput(const QString &path, QByteArray &data, QString &error)
         error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
         return false;
     }
-    data = file.readAll();
+    const auto refuse = [&] {
+        tooLarge = true;
+        data.clear();
+        error = QStringLiteral("the input is larger than the maximum of %1 bytes (--max-input changes it)")
+                    .arg(maxInput);
+        return false;
+    };
+    // A regular file tells its size; devices and pipes do not and are read until they end.
+    if (!file.isSequential() && file.size() > maxInput)
+        return refuse();
+    if (!file.isSequential())
+        data.reserve(static_cast<int>(file.size()));
+    for (;;) {
+        const qint64 piece = qMin(kReadPiece, maxInput + 1 - data.size());
+        const QByteArray bytes = file.read(piece);
+        if (bytes.isEmpty())
+            break;
+        data.append(bytes);
+        if (data.size() > maxInput)
+            return refuse();
+    }
+    if (file.error() != QFileDevice::NoError) {
+        error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
+        return false;
+    }
     return true;
+}
+
+// Writes bytes as they are to the stream's device, after what the stream holds.
+void writeBytes(QTextStream &out, const QByteArray &bytes)
+{
+    out.flush();
+    if (out.device())
+        out.device()->write(bytes);
+    else
+        out << QString::fromUtf8(bytes);
 }
 
 void printJson(QTextStream &out, const QJsonObject &object)
 {
-    out << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Indented));
-    out.flush();
+    writeBytes(out, QJsonDocument(object).toJson(QJsonDocument::Indented));
 }
 
 QString directionName(Direction direction)
@@ -48,19 +88,38 @@ QString directionName(Direction direction)
     return QString();
 }
 
-int printRaw(const QString &format, const QByteArray &data, QTextStream &out, QTextStream &err)
+// The items are written while they are found; what is known only at the end follows them.
+int printRaw(const QString &format, const QByteArray &data, qint64 maxItems, QTextStream &out,
+             QTextStream &err)
 {
-    const Dissection dissection = format == QLatin1String("column") ? dissectColumnFrames(data)
-                                                                     : dissectPropertyBlocks(data);
-    QJsonObject report{{QStringLiteral("format"), format},
-                       {QStringLiteral("size"), data.size()},
-                       {QStringLiteral("ok"), dissection.complete},
-                       {QStringLiteral("items"), dissection.items}};
-    if (!dissection.complete) {
-        report.insert(QStringLiteral("offset"), dissection.errorOffset);
-        report.insert(QStringLiteral("error"), dissection.error);
+    out.flush();
+    Dissection dissection;
+    {
+        JsonStream json(out.device());
+        json.beginObject();
+        json.key(QLatin1String("format"));
+        json.value(format);
+        json.key(QLatin1String("size"));
+        json.number(data.size());
+        json.key(QLatin1String("items"));
+        dissection = format == QLatin1String("column") ? dissectColumnFrames(data, json, maxItems)
+                                                       : dissectPropertyBlocks(data, json, maxItems);
+        if (dissection.itemsLeftOut > 0) {
+            json.key(QLatin1String("itemsLeftOut"));
+            json.number(dissection.itemsLeftOut);
+        }
+        json.key(QLatin1String("ok"));
+        json.value(dissection.complete);
+        if (!dissection.complete) {
+            json.key(QLatin1String("offset"));
+            json.number(dissection.errorOffset);
+            json.key(QLatin1String("error"));
+            json.value(dissection.error);
+        }
+        json.endObject();
     }
-    printJson(out, report);
+    if (dissection.itemsLeftOut > 0)
+        err << "note: " << dissection.itemsLeftOut << " more items are left out (--max-items)\n";
     if (dissection.complete)
         return Exit_Ok;
     err << "error: " << dissection.error << " at byte offset " << dissection.errorOffset << '\n';
@@ -89,22 +148,46 @@ int printRecord(const RecordDecoder &decoder, int orderType, const QByteArray &d
     return Exit_DecodeFailure;
 }
 
+// A size in bytes, optionally followed by K, M or G (powers of 1024). -1 when it is none.
+qint64 parseSize(const QString &text)
+{
+    static const QString units = QStringLiteral("KMG");
+    const int unit = text.isEmpty() ? -1 : units.indexOf(text.back().toUpper());
+    bool ok = false;
+    const qint64 number = (unit < 0 ? text : text.chopped(1)).toLongLong(&ok);
+    const int shift = unit < 0 ? 0 : 10 * (unit + 1);
+    if (!ok || number < 0 || number > (std::numeric_limits<qint64>::max() >> shift))
+        return -1;
+    return number << shift;
+}
+
 } // namespace
 
 bool parseHex(const QByteArray &text, QByteArray &bytes)
 {
-    QByteArray digits;
-    const QByteArray simplified = text.simplified();
-    for (const QByteArray &word : simplified.split(' ')) {
-        const QByteArray plain = word.startsWith("0x") || word.startsWith("0X") ? word.mid(2) : word;
-        for (const char c : plain) {
-            if (!std::isxdigit(static_cast<unsigned char>(c)))
-                return false;
+    // One pass over the text: the digits are gathered in place of the text's own copy, and
+    // only then turned into bytes.
+    QByteArray digits(text.size(), Qt::Uninitialized);
+    int count = 0;
+    const char *at = text.constData();
+    const char *const end = at + text.size();
+    while (at < end) {
+        if (std::isspace(static_cast<unsigned char>(*at))) {
+            ++at;
+            continue;
         }
-        digits.append(plain);
+        // A word: an optional "0x" prefix, then hex digits up to the next blank.
+        if (end - at >= 2 && at[0] == '0' && (at[1] == 'x' || at[1] == 'X'))
+            at += 2;
+        for (; at < end && !std::isspace(static_cast<unsigned char>(*at)); ++at) {
+            if (!std::isxdigit(static_cast<unsigned char>(*at)))
+                return false;
+            digits[count++] = *at;
+        }
     }
-    if (digits.size() % 2 != 0)
+    if (count % 2 != 0)
         return false;
+    digits.truncate(count);
     bytes = QByteArray::fromHex(digits);
     return true;
 }
@@ -127,7 +210,15 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
         QStringLiteral("format"));
     const QCommandLineOption hexOption(QStringLiteral("hex"),
         QStringLiteral("The input is hex text (pairs of digits, blanks and line breaks ignored)."));
-    parser.addOptions({orderTypeOption, requestOption, recordOption, rawOption, hexOption});
+    const QCommandLineOption maxInputOption(QStringLiteral("max-input"),
+        QStringLiteral("Refuse input larger than <size> bytes (suffix K, M or G; default 256M)."),
+        QStringLiteral("size"), QStringLiteral("256M"));
+    const QCommandLineOption maxItemsOption(QStringLiteral("max-items"),
+        QStringLiteral("With --raw: write at most <n> items (frames, blocks, vector elements) and "
+                       "count the rest."),
+        QStringLiteral("n"));
+    parser.addOptions({orderTypeOption, requestOption, recordOption, rawOption, hexOption,
+                       maxInputOption, maxItemsOption});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Input file; '-' or none for standard input."),
                                  QStringLiteral("[file]"));
 
@@ -148,6 +239,21 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
     if (modes != 1 || parser.positionalArguments().size() > 1) {
         err << "inspect: give exactly one of --order-type, --record and --raw, and at most one file\n";
         return Exit_Usage;
+    }
+
+    const qint64 maxInput = parseSize(parser.value(maxInputOption));
+    if (maxInput < 0) {
+        err << "inspect: --max-input takes a size in bytes, such as 1048576 or 64M\n";
+        return Exit_Usage;
+    }
+    qint64 maxItems = -1;
+    if (parser.isSet(maxItemsOption)) {
+        bool ok = false;
+        maxItems = parser.value(maxItemsOption).toLongLong(&ok);
+        if (!ok || maxItems < 0) {
+            err << "inspect: --max-items takes a number of items\n";
+            return Exit_Usage;
+        }
     }
 
     const RecordDecoder *decoder = nullptr;
@@ -179,9 +285,10 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
 
     QByteArray data;
     QString error;
-    if (!readInput(parser.positionalArguments().value(0), data, error)) {
+    bool tooLarge = false;
+    if (!readInput(parser.positionalArguments().value(0), maxInput, data, error, tooLarge)) {
         err << "inspect: " << error << '\n';
-        return Exit_Usage;
+        return tooLarge ? Exit_DecodeFailure : Exit_Usage;
     }
     if (parser.isSet(hexOption)) {
         QByteArray decoded;
@@ -189,11 +296,11 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
             err << "inspect: the input is not hex text\n";
             return Exit_DecodeFailure;
         }
-        data = decoded;
+        data = std::move(decoded);
     }
 
     if (!raw.isEmpty())
-        return printRaw(raw, data, out, err);
+        return printRaw(raw, data, maxItems, out, err);
     return printRecord(*decoder, orderType, data, out, err);
 }
 

@@ -229,12 +229,23 @@ void writeProperties(QByteArray &bytes, const Record &record)
 }
 
 /// Reads every property of \a record from \a bytes; returns the index of a missing required
-/// property, or -1 when none was missing.
+/// property, or -1 when none was missing. \a stoppedAt follows the reader: the start of the
+/// block whose value is being read, then where the reading ended (see deserialize()).
 template <typename Record>
-int readProperties(const QByteArray &bytes, Record &record)
+int readProperties(const QByteArray &bytes, Record &record, qint64 &stoppedAt)
 {
     PropertyReader reader(bytes);
-    const bool storeTypeRead = reader.readProperty(0, true, [&] {
+    const auto position = [&] { return bytes.size() - reader.bytesLeft(); };
+    const auto readBlock = [&](qint32 index, bool required, auto readValue) {
+        const bool read = reader.readProperty(index, required, [&] {
+            stoppedAt = position() - 8; // the value follows its index and size
+            readValue();
+        });
+        if (!read)
+            stoppedAt = position();
+        return read;
+    };
+    const bool storeTypeRead = readBlock(0, true, [&] {
         qint32 storeType = 0;
         reader.readInt32(storeType);
         record.setLayer(storeType);
@@ -244,13 +255,15 @@ int readProperties(const QByteArray &bytes, Record &record)
     int missing = -1;
     visitProperties<Record>([&](auto field) {
         using Value = FieldValue<decltype(field)>;
-        const bool read = reader.readProperty(field.index, !IsOptionalProperty<Value>::value, [&] {
+        const bool read = readBlock(field.index, !IsOptionalProperty<Value>::value, [&] {
             PropertyCodec<Value>::read(reader, record.*field.member, {Record::ClassName, field.name});
         });
         if (!read)
             missing = field.index;
         return read;
     });
+    if (missing < 0)
+        stoppedAt = bytes.size();
     return missing;
 }
 
@@ -270,7 +283,15 @@ Record PropertyRecord<Record>::deserialize(const QByteArray &bytes)
 template <typename Record>
 void PropertyRecord<Record>::deserialize(const QByteArray &bytes, Record &record)
 {
-    const int missing = propertyrecord::readProperties(bytes, record);
+    qint64 stoppedAt = 0;
+    deserialize(bytes, record, stoppedAt);
+}
+
+template <typename Record>
+void PropertyRecord<Record>::deserialize(const QByteArray &bytes, Record &record, qint64 &stoppedAt)
+{
+    stoppedAt = 0;
+    const int missing = propertyrecord::readProperties(bytes, record, stoppedAt);
     if (missing >= 0)
         throw incompleteStructureMessage().arg(propertyNames().value(missing), 0, QChar(u' '));
 }
