@@ -50,7 +50,7 @@ void JsonStream::open(char bracket)
 {
     const bool written = beginElement();
     if (written)
-        write(QByteArray(1, bracket));
+        write(&bracket, 1);
     m_containers.push_back(Container{true, !written});
 }
 
@@ -64,7 +64,7 @@ void JsonStream::close(char bracket)
         write("\n");
         writeIndent();
     }
-    write(QByteArray(1, bracket));
+    write(&bracket, 1);
     if (m_containers.empty())
         write("\n");
 }
@@ -93,8 +93,11 @@ void JsonStream::key(QLatin1String name)
 {
     // A dropped member drops its value with it.
     m_keyWritten = beginElement();
-    if (m_keyWritten)
-        write(QByteArray("\"") + name.data() + "\": ");
+    if (m_keyWritten) {
+        write("\"");
+        write(name.data(), name.size());
+        write("\": ");
+    }
     m_afterKey = true;
 }
 
@@ -102,6 +105,14 @@ void JsonStream::value(const QJsonValue &value)
 {
     if (!beginElement())
         return;
+    switch (value.type()) {
+    case QJsonValue::Null:
+        return write("null");
+    case QJsonValue::Bool:
+        return write(value.toBool() ? "true" : "false");
+    default:
+        break;
+    }
     // QJsonDocument writes arrays and objects only; the brackets of the one-element array are
     // taken off again.
     const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
@@ -128,18 +139,30 @@ void JsonStream::hexValue(const char *data, qint64 size)
     write("\"");
 }
 
-void JsonStream::write(const QByteArray &bytes)
+void JsonStream::write(const char *bytes, int size)
 {
     if (!m_device)
         return;
-    m_buffer.append(bytes);
+    m_buffer.append(bytes, size);
     if (m_buffer.size() >= kFlushSize)
         flush();
 }
 
+void JsonStream::write(const QByteArray &bytes)
+{
+    write(bytes.constData(), bytes.size());
+}
+
+void JsonStream::write(const char *text)
+{
+    write(text, static_cast<int>(qstrlen(text)));
+}
+
 void JsonStream::writeIndent()
 {
-    write(QByteArray(4 * static_cast<int>(m_containers.size()), ' '));
+    static const QByteArray blanks(256, ' ');
+    for (int left = 4 * static_cast<int>(m_containers.size()); left > 0; left -= blanks.size())
+        write(blanks.constData(), qMin(left, blanks.size()));
 }
 
 void JsonStream::flush()

@@ -60,7 +60,9 @@ private:
     bool beginElement();
     void open(char bracket);
     void close(char bracket);
+    void write(const char *bytes, int size);
     void write(const QByteArray &bytes);
+    void write(const char *text);
     void writeIndent();
 
     QIODevice *m_device;
