@@ -14,10 +14,6 @@ enum ExitCode { Exit_Ok = 0, Exit_DecodeFailure = 1, Exit_Usage = 2 };
 /// JSON. \a arguments starts with the command name.
 int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err);
 
-/// Bytes from hex text as people paste it from logs: pairs of hex digits, separated or not by
-/// white space; "0x" prefixes are ignored. False on anything else.
-bool parseHex(const QByteArray &text, QByteArray &bytes);
-
 } // namespace sigdbtool
 
 #endif
