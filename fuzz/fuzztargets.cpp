@@ -251,6 +251,14 @@ class SilentCallback : public RefCallback
 
 } // namespace
 
+void decodeWithChosenTarget(const std::vector<Target> &targets, const unsigned char *data, std::size_t size)
+{
+    if (size < 1)
+        return;
+    targets[data[0] % targets.size()].decode(
+        QByteArray(reinterpret_cast<const char *>(data + 1), static_cast<int>(size - 1)));
+}
+
 const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> &answerSamples()
 {
     static const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> samples = {

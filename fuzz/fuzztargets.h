@@ -17,6 +17,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -28,6 +29,9 @@ struct Target
     std::function<void(const QByteArray &)> decode;   // must never crash
     std::function<std::vector<QByteArray>()> samples; // encodings made by the library
 };
+
+/// Decodes \a size - 1 bytes after the first with the target that the first byte chooses.
+void decodeWithChosenTarget(const std::vector<Target> &targets, const unsigned char *data, std::size_t size);
 
 /// The answer order types of the dispatch, with samples of their records.
 const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> &answerSamples();

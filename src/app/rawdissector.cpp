@@ -85,6 +85,19 @@ void writeFixedMembers(JsonStream &out, const char *data, qint64 size)
     out.hexValue(data, size);
 }
 
+// Opens the object of a frame or block: where it starts, its tag or index (\a idName) and its
+// size. Its value follows.
+void beginItem(JsonStream &out, qint64 offset, QLatin1String idName, qint32 id, qint32 size)
+{
+    out.beginObject();
+    out.key(QLatin1String("offset"));
+    out.number(offset);
+    out.key(idName);
+    out.number(id);
+    out.key(QLatin1String("size"));
+    out.number(size);
+}
+
 // Counts the items written against the maximum asked for; beyond it the stream is muted and
 // the items are only counted.
 class ItemBudget
@@ -166,13 +179,7 @@ public:
         m_out.beginArray();
         Dissection result = walkBlocks(m_data, begin, end, [&](qint64 at, qint32 index, qint32 size) {
             m_budget.take();
-            m_out.beginObject();
-            m_out.key(QLatin1String("offset"));
-            m_out.number(at);
-            m_out.key(QLatin1String("index"));
-            m_out.number(index);
-            m_out.key(QLatin1String("size"));
-            m_out.number(size);
+            beginItem(m_out, at, QLatin1String("index"), index, size);
             m_out.key(QLatin1String("value"));
             writeValue(at + kBlockHeaderSize, size, depth);
             m_out.endObject();
@@ -311,13 +318,7 @@ Dissection dissectColumnFrames(const QByteArray &data, JsonStream &items, qint64
         const qint64 valueAt = at + kFrameHeaderSize;
         const qint64 left = size - valueAt;
         budget.take();
-        items.beginObject();
-        items.key(QLatin1String("offset"));
-        items.number(at);
-        items.key(QLatin1String("tag"));
-        items.number(tag);
-        items.key(QLatin1String("size"));
-        items.number(frameSize);
+        beginItem(items, at, QLatin1String("tag"), tag, frameSize);
         // A text frame's size is its length + 1 (16 bits) and a C string follows.
         const qint64 text = frameSize != 0 ? lengthPrefixed(bytes + valueAt, left) : -1;
         const quint32 length = text >= 0 ? bigEndianAt<quint32>(bytes + valueAt) : 0;
