@@ -190,7 +190,7 @@ public:
     }
 
 private:
-    enum class Reading { Bytes, String, Record, Vector };
+    enum class Reading { Bytes, String, Record, TooDeep, Vector };
 
     bool isRecord(qint64 begin, qint64 length) const
     {
@@ -227,8 +227,8 @@ private:
             const qint64 length = size - 4;
             if (isCString(data + 4, length))
                 return Reading::String;
-            if (mayNest(depth) && length >= kBlockHeaderSize && isRecord(begin + 4, length))
-                return Reading::Record;
+            if (length >= kBlockHeaderSize && isRecord(begin + 4, length))
+                return mayNest(depth) ? Reading::Record : Reading::TooDeep;
         }
         if (size >= 4 && isVector(begin, size, depth))
             return Reading::Vector;
@@ -254,6 +254,12 @@ private:
         case Reading::Vector:
             m_out.key(QLatin1String("vector"));
             writeVector(begin, depth);
+            break;
+        case Reading::TooDeep:
+            m_out.key(QLatin1String("tooDeep"));
+            m_out.value(QStringLiteral("a record nested more than %1 levels deep, not taken apart").arg(kMaxNesting));
+            m_out.key(QLatin1String("hex"));
+            m_out.hexValue(data, size);
             break;
         case Reading::Bytes:
             if (!fixed) {

@@ -25,7 +25,8 @@ Dissection dissectColumnFrames(const QByteArray &data, JsonStream &items, qint64
 
 /// Splits a tagged property stream into its blocks (index, size, value) and writes them to
 /// \a items as one JSON array. Values that look like nested record streams, strings or vectors
-/// are taken apart further, at most 64 levels deep. Every value is read as one thing only, so
+/// are taken apart further, at most 64 levels deep (a record nested deeper is marked "tooDeep"
+/// and shown as bytes). Every value is read as one thing only, so
 /// the work grows with the input, whatever its shape. At most \a maxItems items (blocks and
 /// vector elements, at any depth) are written (all when negative); the others are only counted.
 Dissection dissectPropertyBlocks(const QByteArray &data, JsonStream &items, qint64 maxItems = -1);

@@ -612,5 +612,7 @@ TEST(ToolHostileInput, NestedRecordsAreTakenApartSixtyFourLevelsDeep)
         value = value[QStringLiteral("record")][0][QStringLiteral("value")];
     }
     EXPECT_EQ(levels, 64);
+    EXPECT_EQ(value[QStringLiteral("tooDeep")].toString(),
+              QStringLiteral("a record nested more than 64 levels deep, not taken apart"));
     EXPECT_TRUE(value.toObject().contains(QStringLiteral("hex")));
 }
