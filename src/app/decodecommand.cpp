@@ -11,7 +11,6 @@
 #include <QJsonObject>
 #include <QTextStream>
 
-
 namespace sigdbtool {
 
 namespace {
