@@ -79,8 +79,7 @@ DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
     } catch (const QString &error) {
         result.offset = stoppedAt;
         result.error = QStringLiteral("%1 did not decode: %2 (in the block at byte offset %3)")
-                           .arg(name, error)
-                           .arg(stoppedAt);
+                           .arg(name, error, QString::number(stoppedAt));
     }
     result.value = middlewareToJson(record);
     if (result.ok) {
