@@ -7,10 +7,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    if (size < 1)
-        return 0;
-    const std::vector<sigdbfuzz::Target> &targets = sigdbfuzz::requestTargets();
-    targets[data[0] % targets.size()].decode(
-        QByteArray(reinterpret_cast<const char *>(data + 1), static_cast<int>(size - 1)));
+    sigdbfuzz::decodeWithChosenTarget(sigdbfuzz::requestTargets(), data, size);
     return 0;
 }

@@ -1,12 +1,16 @@
 #include "fuzztargets.h"
 
 #include "auxiliary/plotentry.h"
+#include "client/loopback.h"
+#include "client/ordertype.h"
 #include "client/refcallback.h"
+#include "client/refcallbackforwarder.h"
 #include "client/sigdbelementwithmaxcount.h"
 #include "core/elementlist.h"
 #include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
+#include "core/orderqueue.h"
 #include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
 #include "middleware/inforecords.h"
@@ -168,15 +172,77 @@ void decodeMiddlewareRecord(const QByteArray &data)
     }
 }
 
+// Decodes into a record that already holds a decoded sample, as a client that keeps one record
+// for every answer does; what the bytes do not carry must stay consistent.
+std::vector<QByteArray> requestSamples()
+{
+    std::vector<QByteArray> all;
+    for (const Target &target : requestTargets())
+        all.push_back(target.samples().front());
+    return all;
+}
+
+template <typename Record>
+void decodeColumnRecordAgain(const QByteArray &data)
+{
+    static const std::vector<QByteArray> samples = requestSamples();
+    Record record;
+    record.setIDs(0);
+    for (const QByteArray &sample : samples) {
+        ColumnReader reader(sample);
+        if (record.readFrom(reader))
+            break;
+    }
+    ColumnReader reader(data);
+    record.readFrom(reader);
+}
+
+template <typename Record>
+Target columnAgainTarget(const char *name)
+{
+    // Seeded with every request sample: the record decoded before may be of any kind.
+    return Target{QString::fromLatin1(name) + QStringLiteral("-again"), &decodeColumnRecordAgain<Record>,
+                  &requestSamples};
+}
+
+template <typename Record>
+std::vector<QByteArray> middlewareSamples()
+{
+    Record record;
+    Record transient;
+    transient.setStoreType(base::StoreType_Transient);
+    return std::vector<QByteArray>{encoded(record), encoded(transient)};
+}
+
+// The other ways into a middleware decoder: the one-argument deserialize, the byte-array
+// constructor, and decoding into a record that holds a decoded value already.
+template <typename Record>
+void decodeMiddlewareRecordEveryWay(const QByteArray &data)
+{
+    try {
+        const Record record = Record::deserialize(data);
+        Record again(record);
+        Record::deserialize(data, again);
+    } catch (const QString &) {
+    }
+    try {
+        const Record record(data);
+    } catch (const QString &) {
+    }
+}
+
+template <typename Record>
+Target middlewareEveryWayTarget()
+{
+    return Target{QString::fromLatin1(Record::ClassName) + QStringLiteral("-everyway"),
+                  &decodeMiddlewareRecordEveryWay<Record>, &middlewareSamples<Record>};
+}
+
 template <typename Record>
 Target middlewareTarget()
 {
-    return Target{QString::fromLatin1(Record::ClassName), &decodeMiddlewareRecord<Record>, [] {
-                      Record record;
-                      Record transient;
-                      transient.setStoreType(base::StoreType_Transient);
-                      return std::vector<QByteArray>{encoded(record), encoded(transient)};
-                  }};
+    return Target{QString::fromLatin1(Record::ClassName), &decodeMiddlewareRecord<Record>,
+                  &middlewareSamples<Record>};
 }
 
 class SilentCallback : public RefCallback
@@ -184,6 +250,14 @@ class SilentCallback : public RefCallback
 };
 
 } // namespace
+
+void decodeWithChosenTarget(const std::vector<Target> &targets, const unsigned char *data, std::size_t size)
+{
+    if (size < 1)
+        return;
+    targets[data[0] % targets.size()].decode(
+        QByteArray(reinterpret_cast<const char *>(data + 1), static_cast<int>(size - 1)));
+}
 
 const std::vector<std::pair<int, std::function<std::vector<QByteArray>()>>> &answerSamples()
 {
@@ -270,6 +344,100 @@ const Target &callsignTextTarget()
                                                                   CallsignTable().toUtf8Text()};
                                }};
     return target;
+}
+
+namespace {
+
+// The first byte of an answer's input chooses its order type among the reference orders.
+int orderTypeOf(const QByteArray &data)
+{
+    return OrderType_GetElementOverview + (data.isEmpty() ? 0 : static_cast<quint8>(data[0]) % 12);
+}
+
+template <typename... Records>
+std::vector<Target> middlewareEveryWayTargets()
+{
+    return {middlewareEveryWayTarget<Records>()...};
+}
+
+} // namespace
+
+const std::vector<Target> &recordTargets()
+{
+    static const std::vector<Target> targets = [] {
+        std::vector<Target> all = middlewareEveryWayTargets<
+            ProductVersion, InterfaceVersion, VersionInfo, ProductVersionVector, InterfaceVersionVector,
+            VersionInfoVector, DbMaintenanceRequest, DbMaintenanceAnswer, DbMaintenanceRequestVector,
+            DbMaintenanceAnswerVector, Message, MInfoAnswer, MInfoClientLogin, MInfoMessage,
+            MInfoWarningLevel, CallbackMessage, MessageVector, MInfoAnswerVector, MInfoClientLoginVector,
+            MInfoMessageVector, MInfoWarningLevelVector, CallbackMessageVector, LockedElementData,
+            LockedElementDataVector, NameValuePair, NameValueDataForElement, NameValuePairVector,
+            NameValueDataForElementVector>();
+        for (Target again : {columnAgainTarget<SigdbElement>("SigdbElement"),
+                             columnAgainTarget<ElementList>("ElementList"),
+                             columnAgainTarget<QueryRequestList>("QueryRequestList"),
+                             columnAgainTarget<ElementOverviewList>("ElementOverviewList"),
+                             columnAgainTarget<LinkChangeDefinition>("LinkChangeDefinition"),
+                             columnAgainTarget<PlotEntryList>("PlotEntryList"),
+                             columnAgainTarget<ElementDetailsList>("ElementDetailsList")})
+            all.push_back(std::move(again));
+        all.push_back(Target{QStringLiteral("CallsignTable-utf16"),
+                             [](const QByteArray &data) {
+                                 // Any UTF-16, unpaired surrogates included.
+                                 CallsignTable table;
+                                 table.fromText(QString(reinterpret_cast<const QChar *>(data.constData()),
+                                                        data.size() / 2));
+                             },
+                             [] {
+                                 const QString text = sampleTable().toText();
+                                 return std::vector<QByteArray>{QByteArray(reinterpret_cast<const char *>(text.utf16()),
+                                                                           text.size() * 2)};
+                             }});
+        all.push_back(Target{QStringLiteral("Loopback-order"),
+                             [](const QByteArray &data) {
+                                 // An order of the chosen type whose bytes are the rest; the
+                                 // answers go back to a callback as from a server.
+                                 OrderQueue queue;
+                                 Loopback server(queue);
+                                 SilentCallback callback;
+                                 const Order order{1, orderTypeOf(data), data.mid(1), &callback};
+                                 for (const Loopback::Answer &answer : server.answer(order))
+                                     OrderQueue::deliverAnswer(order, answer.orderType, answer.data);
+                             },
+                             [] {
+                                 std::vector<QByteArray> all;
+                                 for (const QByteArray &sample : requestSamples()) {
+                                     for (quint8 type = 0; type < 12; ++type)
+                                         all.push_back(QByteArray(1, static_cast<char>(type)) + sample);
+                                 }
+                                 return all;
+                             }});
+        all.push_back(Target{QStringLiteral("Loopback-versioninfo"),
+                             [](const QByteArray &data) {
+                                 OrderQueue queue;
+                                 const Loopback server(queue);
+                                 try {
+                                     server.answerVersionInfo(data);
+                                 } catch (const QString &) {
+                                 }
+                             },
+                             &middlewareSamples<VersionInfo>});
+        all.push_back(Target{QStringLiteral("RefCallbackForwarder"),
+                             [](const QByteArray &data) {
+                                 SilentCallback target;
+                                 RefCallbackForwarder forwarder(target);
+                                 forwarder.deliverRawData(orderTypeOf(data), data.mid(1));
+                             },
+                             [] {
+                                 std::vector<QByteArray> all;
+                                 for (const auto &answer : answerSamples())
+                                     all.push_back(QByteArray(1, static_cast<char>(answer.first - OrderType_GetElementOverview))
+                                                   + answer.second().front());
+                                 return all;
+                             }});
+        return all;
+    }();
+    return targets;
 }
 
 } // namespace sigdbfuzz

@@ -30,7 +30,7 @@ int main(int argc, char *argv[])
         return 2;
     }
     const QString root = QString::fromLocal8Bit(argv[1]);
-    for (const char *harness : {"dispatch", "middleware", "requests", "callsigntext"}) {
+    for (const char *harness : {"dispatch", "middleware", "requests", "callsigntext", "records", "tool"}) {
         if (!QDir().mkpath(root + QLatin1Char('/') + QLatin1String(harness)))
             return 1;
     }
@@ -59,9 +59,24 @@ int main(int argc, char *argv[])
     };
     writeTargets("middleware", sigdbfuzz::middlewareTargets());
     writeTargets("requests", sigdbfuzz::requestTargets());
+    writeTargets("records", sigdbfuzz::recordTargets());
     int n = 0;
     for (const QByteArray &bytes : sigdbfuzz::callsignTextTarget().samples())
         written += writeSeed(root + QStringLiteral("/callsigntext"), QStringLiteral("table-%1").arg(n++), bytes);
+
+    // The tool: hex text of column and property streams (0), column streams (1), property
+    // streams (2).
+    n = 0;
+    const auto writeToolSeeds = [&](const std::vector<sigdbfuzz::Target> &targets, quint8 dissector) {
+        for (const sigdbfuzz::Target &target : targets) {
+            for (const QByteArray &bytes : target.samples()) {
+                for (const QByteArray &seed : {prefixed(dissector, bytes), prefixed(0, bytes.toHex(' '))})
+                    written += writeSeed(root + QStringLiteral("/tool"), QStringLiteral("tool-%1").arg(n++), seed);
+            }
+        }
+    };
+    writeToolSeeds(sigdbfuzz::requestTargets(), 1);
+    writeToolSeeds(sigdbfuzz::middlewareTargets(), 2);
     std::printf("%d seeds written to %s\n", written, argv[1]);
     return written > 0 ? 0 : 1;
 }

@@ -1,38 +1,33 @@
 #include "decodecommand.h"
 
+#include "jsonstream.h"
 #include "rawdissector.h"
 #include "recorddecoders.h"
+#include "toolinput.h"
 
 #include <QCommandLineParser>
-#include <QFile>
+#include <QIODevice>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
 
-#include <cstdio>
-
 namespace sigdbtool {
-
-bool readInput(const QString &path, QByteArray &data, QString &error)
-{
-    QFile file;
-    const bool ok = path.isEmpty() || path == QLatin1String("-")
-        ? file.open(stdin, QIODevice::ReadOnly)
-        : (file.setFileName(path), file.open(QIODevice::ReadOnly));
-    if (!ok) {
-        error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
-        return false;
-    }
-    data = file.readAll();
-    return true;
-}
 
 namespace {
 
+// Writes bytes as they are to the stream's device, after what the stream holds.
+void writeBytes(QTextStream &out, const QByteArray &bytes)
+{
+    out.flush();
+    if (out.device())
+        out.device()->write(bytes);
+    else
+        out << QString::fromUtf8(bytes);
+}
+
 void printJson(QTextStream &out, const QJsonObject &object)
 {
-    out << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Indented));
-    out.flush();
+    writeBytes(out, QJsonDocument(object).toJson(QJsonDocument::Indented));
 }
 
 } // namespace
@@ -52,19 +47,38 @@ QString directionName(Direction direction)
 
 namespace {
 
-int printRaw(const QString &format, const QByteArray &data, QTextStream &out, QTextStream &err)
+// The items are written while they are found; what is known only at the end follows them.
+int printRaw(const QString &format, const QByteArray &data, qint64 maxItems, QTextStream &out,
+             QTextStream &err)
 {
-    const Dissection dissection = format == QLatin1String("column") ? dissectColumnFrames(data)
-                                                                     : dissectPropertyBlocks(data);
-    QJsonObject report{{QStringLiteral("format"), format},
-                       {QStringLiteral("size"), data.size()},
-                       {QStringLiteral("ok"), dissection.complete},
-                       {QStringLiteral("items"), dissection.items}};
-    if (!dissection.complete) {
-        report.insert(QStringLiteral("offset"), dissection.errorOffset);
-        report.insert(QStringLiteral("error"), dissection.error);
+    out.flush();
+    Dissection dissection;
+    {
+        JsonStream json(out.device());
+        json.beginObject();
+        json.key(QLatin1String("format"));
+        json.value(format);
+        json.key(QLatin1String("size"));
+        json.number(data.size());
+        json.key(QLatin1String("items"));
+        dissection = format == QLatin1String("column") ? dissectColumnFrames(data, json, maxItems)
+                                                       : dissectPropertyBlocks(data, json, maxItems);
+        if (dissection.itemsLeftOut > 0) {
+            json.key(QLatin1String("itemsLeftOut"));
+            json.number(dissection.itemsLeftOut);
+        }
+        json.key(QLatin1String("ok"));
+        json.value(dissection.complete);
+        if (!dissection.complete) {
+            json.key(QLatin1String("offset"));
+            json.number(dissection.errorOffset);
+            json.key(QLatin1String("error"));
+            json.value(dissection.error);
+        }
+        json.endObject();
     }
-    printJson(out, report);
+    if (dissection.itemsLeftOut > 0)
+        err << "note: " << dissection.itemsLeftOut << " more items are left out (--max-items)\n";
     if (dissection.complete)
         return Exit_Ok;
     err << "error: " << dissection.error << " at byte offset " << dissection.errorOffset << '\n';
@@ -95,24 +109,6 @@ int printRecord(const RecordDecoder &decoder, int orderType, const QByteArray &d
 
 } // namespace
 
-bool parseHex(const QByteArray &text, QByteArray &bytes)
-{
-    QByteArray digits;
-    const QByteArray simplified = text.simplified();
-    for (const QByteArray &word : simplified.split(' ')) {
-        const QByteArray plain = word.startsWith("0x") || word.startsWith("0X") ? word.mid(2) : word;
-        for (const char c : plain) {
-            if (!std::isxdigit(static_cast<unsigned char>(c)))
-                return false;
-        }
-        digits.append(plain);
-    }
-    if (digits.size() % 2 != 0)
-        return false;
-    bytes = QByteArray::fromHex(digits);
-    return true;
-}
-
 int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
 {
     QCommandLineParser parser;
@@ -131,7 +127,15 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
         QStringLiteral("format"));
     const QCommandLineOption hexOption(QStringLiteral("hex"),
         QStringLiteral("The input is hex text (pairs of digits, blanks and line breaks ignored)."));
-    parser.addOptions({orderTypeOption, requestOption, recordOption, rawOption, hexOption});
+    const QCommandLineOption maxInputOption(QStringLiteral("max-input"),
+        QStringLiteral("Refuse input larger than <size> bytes (suffix K, M or G; default 256M)."),
+        QStringLiteral("size"), QStringLiteral("256M"));
+    const QCommandLineOption maxItemsOption(QStringLiteral("max-items"),
+        QStringLiteral("With --raw: write at most <n> items (frames, blocks, vector elements) and "
+                       "count the rest."),
+        QStringLiteral("n"));
+    parser.addOptions({orderTypeOption, requestOption, recordOption, rawOption, hexOption,
+                       maxInputOption, maxItemsOption});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Input file; '-' or none for standard input."),
                                  QStringLiteral("[file]"));
 
@@ -152,6 +156,21 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
     if (modes != 1 || parser.positionalArguments().size() > 1) {
         err << "inspect: give exactly one of --order-type, --record and --raw, and at most one file\n";
         return Exit_Usage;
+    }
+
+    const qint64 maxInput = parseSize(parser.value(maxInputOption));
+    if (maxInput < 0 || maxInput > kLargestInput) {
+        err << "inspect: --max-input takes a size in bytes up to 1G, such as 1048576 or 64M\n";
+        return Exit_Usage;
+    }
+    qint64 maxItems = -1;
+    if (parser.isSet(maxItemsOption)) {
+        bool ok = false;
+        maxItems = parser.value(maxItemsOption).toLongLong(&ok);
+        if (!ok || maxItems < 0) {
+            err << "inspect: --max-items takes a number of items\n";
+            return Exit_Usage;
+        }
     }
 
     const RecordDecoder *decoder = nullptr;
@@ -183,9 +202,10 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
 
     QByteArray data;
     QString error;
-    if (!readInput(parser.positionalArguments().value(0), data, error)) {
+    bool tooLarge = false;
+    if (!readInput(parser.positionalArguments().value(0), maxInput, data, error, tooLarge)) {
         err << "inspect: " << error << '\n';
-        return Exit_Usage;
+        return tooLarge ? Exit_DecodeFailure : Exit_Usage;
     }
     if (parser.isSet(hexOption)) {
         QByteArray decoded;
@@ -193,11 +213,11 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
             err << "inspect: the input is not hex text\n";
             return Exit_DecodeFailure;
         }
-        data = decoded;
+        data = std::move(decoded);
     }
 
     if (!raw.isEmpty())
-        return printRaw(raw, data, out, err);
+        return printRaw(raw, data, maxItems, out, err);
     return printRecord(*decoder, orderType, data, out, err);
 }
 

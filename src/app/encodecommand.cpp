@@ -1,6 +1,7 @@
 #include "encodecommand.h"
 
 #include "decodecommand.h"
+#include "toolinput.h"
 #include "rawencoder.h"
 #include "recorddecoders.h"
 #include "recordjson.h"
@@ -151,9 +152,10 @@ int runEncode(const QStringList &arguments, QTextStream &out, QTextStream &err)
 
     QByteArray document;
     QString error;
-    if (!readInput(parser.positionalArguments().value(0), document, error)) {
+    bool tooLarge = false;
+    if (!readInput(parser.positionalArguments().value(0), kDefaultMaxInput, document, error, tooLarge)) {
         err << "encode: " << error << '\n';
-        return Exit_Usage;
+        return tooLarge ? Exit_DecodeFailure : Exit_Usage;
     }
     QByteArray bytes;
     if (!encodeDocument(document, bytes, error)) {

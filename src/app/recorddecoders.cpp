@@ -102,25 +102,27 @@ RecordDecoder columnRecord(const char *name, Direction direction, std::vector<in
                            })};
 }
 
-// Decodes a middleware record. Its decoder throws a text without a position, so the position
-// is found by decoding the stream cut after each top-level block: the block whose inclusion
-// makes the decoding fail is where it failed.
+// Decodes a middleware record. The decoder tells where it stopped, so a failure is placed in
+// its top-level block without decoding anything twice.
 template <typename Record>
 DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
 {
     DecodeResult result;
     Record record;
+    qint64 stoppedAt = 0;
     try {
-        Record::deserialize(data, record);
+        Record::deserialize(data, record, stoppedAt);
         result.ok = true;
     } catch (const QString &error) {
-        result.error = QStringLiteral("%1 did not decode: %2").arg(name, error);
+        result.offset = stoppedAt;
+        result.error = QStringLiteral("%1 did not decode: %2 (in the block at byte offset %3)")
+                           .arg(name, error, QString::number(stoppedAt));
     }
     result.value = middlewareToJson(record);
     if (result.ok) {
         // The library takes a stream that ends inside a block (what was read stays); for
         // someone looking at captured bytes that is a cut capture and worth failing on.
-        const Dissection blocks = dissectPropertyBlocks(data);
+        const Dissection blocks = checkPropertyBlocks(data);
         if (!blocks.complete) {
             result.ok = false;
             result.offset = blocks.errorOffset;
@@ -128,24 +130,7 @@ DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
                                .arg(name)
                                .arg(blocks.errorOffset);
         }
-        return result;
     }
-
-    result.offset = 0;
-    const Dissection blocks = dissectPropertyBlocks(data);
-    for (const QJsonValue &block : blocks.items) {
-        const qint64 start = block[QStringLiteral("offset")].toVariant().toLongLong();
-        const qint64 end = start + 8 + block[QStringLiteral("size")].toVariant().toLongLong();
-        Record probe;
-        try {
-            Record::deserialize(data.left(static_cast<int>(end)), probe);
-        } catch (const QString &) {
-            result.offset = start;
-            break;
-        }
-        result.offset = end;
-    }
-    result.error += QStringLiteral(" (in the block at byte offset %1)").arg(result.offset);
     return result;
 }
 

@@ -82,6 +82,10 @@ public:
     /// Decodes \a bytes into \a record; properties that the bytes do not carry keep their
     /// values. Throws the QString of a missing property or of a corrupt count.
     static void deserialize(const QByteArray &bytes, Record &record);
+    /// As above, and tells where in \a bytes the decoding stopped: at the end of the bytes, or,
+    /// when it throws, at the start of the top-level block being read (for a missing property,
+    /// the block of the later property that stands in its place).
+    static void deserialize(const QByteArray &bytes, Record &record, qint64 &stoppedAt);
 
     /// A new copy of \a source, which must be a record of this class (else null); the caller
     /// owns it.

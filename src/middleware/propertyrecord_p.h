@@ -231,11 +231,21 @@ void writeProperties(PropertyWriter &writer, const Record &record)
 }
 
 /// Reads every property of \a record from \a reader; returns the index of a missing required
-/// property, or -1 when none was missing.
+/// property, or -1 when none was missing. \a stoppedAt follows the reader: the start of the
+/// block whose value is being read, then where the reading ended (see deserialize()).
 template <typename Record>
-int readProperties(PropertyReader &reader, Record &record)
+int readProperties(PropertyReader &reader, Record &record, qint64 &stoppedAt)
 {
-    const bool storeTypeRead = reader.readProperty(0, true, [&] {
+    const auto readBlock = [&](qint32 index, bool required, auto readValue) {
+        const bool read = reader.readProperty(index, required, [&] {
+            stoppedAt = reader.offset() - 8; // the value follows its index and size
+            readValue();
+        });
+        if (!read)
+            stoppedAt = reader.offset();
+        return read;
+    };
+    const bool storeTypeRead = readBlock(0, true, [&] {
         qint32 storeType = 0;
         reader.readInt32(storeType);
         record.setLayer(storeType);
@@ -245,24 +255,33 @@ int readProperties(PropertyReader &reader, Record &record)
     int missing = -1;
     visitProperties<Record>([&](auto field) {
         using Value = FieldValue<decltype(field)>;
-        const bool read = reader.readProperty(field.index, !IsOptionalProperty<Value>::value, [&] {
+        const bool read = readBlock(field.index, !IsOptionalProperty<Value>::value, [&] {
             PropertyCodec<Value>::read(reader, record.*field.member, {Record::ClassName, field.name});
         });
         if (!read)
             missing = field.index;
         return read;
     });
+    if (missing < 0)
+        stoppedAt = reader.offset() + reader.bytesLeft();
     return missing;
 }
 
 /// Reads \a record from \a reader and throws the record's own message when a required
-/// property is missing.
+/// property is missing; \a stoppedAt as for readProperties().
+template <typename Record>
+void readRecord(PropertyReader &reader, Record &record, qint64 &stoppedAt)
+{
+    const int missing = readProperties(reader, record, stoppedAt);
+    if (missing >= 0)
+        throw Record::incompleteStructureMessage().arg(Record::propertyNames().value(missing), 0, QChar(u' '));
+}
+
 template <typename Record>
 void readRecord(PropertyReader &reader, Record &record)
 {
-    const int missing = readProperties(reader, record);
-    if (missing >= 0)
-        throw Record::incompleteStructureMessage().arg(Record::propertyNames().value(missing), 0, QChar(u' '));
+    qint64 stoppedAt = 0;
+    readRecord(reader, record, stoppedAt);
 }
 
 } // namespace propertyrecord
@@ -281,8 +300,16 @@ Record PropertyRecord<Record>::deserialize(const QByteArray &bytes)
 template <typename Record>
 void PropertyRecord<Record>::deserialize(const QByteArray &bytes, Record &record)
 {
+    qint64 stoppedAt = 0;
+    deserialize(bytes, record, stoppedAt);
+}
+
+template <typename Record>
+void PropertyRecord<Record>::deserialize(const QByteArray &bytes, Record &record, qint64 &stoppedAt)
+{
+    stoppedAt = 0;
     PropertyReader reader(bytes);
-    propertyrecord::readRecord(reader, record);
+    propertyrecord::readRecord(reader, record, stoppedAt);
 }
 
 template <typename Record>

@@ -21,6 +21,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -423,4 +424,170 @@ TEST(ToolMiddleware, CutCaptureFails)
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TRUE(run.err.contains("cut short")) << run.err.toStdString();
     EXPECT_EQ(run.json()[QStringLiteral("decoded")].toObject()[QStringLiteral("Name")].toString(), QStringLiteral("key"));
+}
+
+// Inputs shaped to make a dissector or a decoder do too much: each must end quickly with a
+// clear result. Their time and memory on large sizes are measured by tools/measure-tool.sh.
+namespace {
+
+QByteArray bigEndian32(qint32 value)
+{
+    QByteArray bytes(4, '\0');
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+// Levels of [L][L-4][len(V)][V][01] around an eight-byte value, in a block of property 0: every
+// level looks like a nested record and like a vector of records at once.
+QByteArray nestedLookalikes(int depth)
+{
+    QByteArray value = QByteArray::fromHex("0000000100000000");
+    for (int level = 0; level < depth; ++level) {
+        const qint32 size = value.size();
+        value = bigEndian32(size + 5) + bigEndian32(size + 1) + bigEndian32(size) + value + QByteArray(1, '\1');
+    }
+    return bigEndian32(0) + bigEndian32(value.size()) + value;
+}
+
+// Blocks of an obsolete property (-1, skipped by size) and then a block of property 5.
+QByteArray skippedBlocksThenAGap(int blocks)
+{
+    return QByteArray::fromHex("ffffffff00000000").repeated(blocks) + QByteArray::fromHex("0000000500000000");
+}
+
+} // namespace
+
+TEST(ToolHostileInput, NestedLookalikesAreTakenApartOnce)
+{
+    const QByteArray bytes = nestedLookalikes(30);
+    ASSERT_EQ(bytes.size(), 406);
+    const ToolRun run = runTool(args({"inspect", "--raw", "property"}), bytes);
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonArray items = run.json()[QStringLiteral("items")].toArray();
+    ASSERT_EQ(items.size(), 1);
+    // Its length (L = size - 8) is not that of a nested record, and its count L is more than
+    // 398 bytes hold: the value is shown as it is.
+    const QJsonObject value = items[0][QStringLiteral("value")].toObject();
+    EXPECT_EQ(value.keys(), QStringList{QStringLiteral("hex")});
+    EXPECT_TRUE(value[QStringLiteral("hex")].toString().startsWith(QStringLiteral("00 00 01 86 00 00 01 82")));
+    EXPECT_EQ(value[QStringLiteral("hex")].toString().size(), 398 * 3 - 1);
+}
+
+TEST(ToolHostileInput, NestedLookalikesFailTheRecordAtTheirSecondBlock)
+{
+    const ToolRun run = runTool(args({"inspect", "--record", "ProductVersion"}), nestedLookalikes(30));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err, "error: ProductVersion did not decode: Received incomplete structure ProductVersion: "
+                       "Missing property 'Origin' (in the block at byte offset 12)\n");
+    EXPECT_EQ(run.json()[QStringLiteral("offset")].toInt(), 12);
+}
+
+TEST(ToolHostileInput, AFailureAfterManySkippedBlocksIsPlacedInTheLastBlock)
+{
+    const ToolRun run = runTool(args({"inspect", "--record", "ProductVersion"}), skippedBlocksThenAGap(10000));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err, "error: ProductVersion did not decode: Received incomplete structure ProductVersion: "
+                       "Missing property 'StoreType' (in the block at byte offset 80000)\n");
+    EXPECT_EQ(run.json()[QStringLiteral("offset")].toInt(), 80000);
+}
+
+TEST(ToolHostileInput, ZerosAreFramesBlocksAndARecord)
+{
+    const QByteArray zeros(64 * 1024, '\0');
+    const ToolRun column = runTool(args({"inspect", "--raw", "column"}), zeros);
+    EXPECT_EQ(column.exitCode, 0) << column.err.toStdString();
+    EXPECT_EQ(column.json()[QStringLiteral("items")].toArray().size(), 16384);
+    const ToolRun property = runTool(args({"inspect", "--raw", "property"}), zeros);
+    EXPECT_EQ(property.exitCode, 0) << property.err.toStdString();
+    EXPECT_EQ(property.json()[QStringLiteral("items")].toArray().size(), 8192);
+    const ToolRun record = runTool(args({"inspect", "--record", "ProductVersion"}), zeros);
+    EXPECT_EQ(record.exitCode, 0) << record.err.toStdString();
+    EXPECT_EQ(record.json()[QStringLiteral("value")].toObject()[QStringLiteral("StoreType")].toInt(), 0);
+}
+
+TEST(ToolHostileInput, ItemsBeyondTheMaximumAreCounted)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--max-items", "3"}), QByteArray(64, '\0'));
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonObject json = run.json();
+    EXPECT_EQ(json[QStringLiteral("items")].toArray().size(), 3);
+    EXPECT_EQ(json[QStringLiteral("itemsLeftOut")].toInt(), 13);
+    EXPECT_EQ(run.err, "note: 13 more items are left out (--max-items)\n");
+}
+
+TEST(ToolHostileInput, ItemsBeyondTheMaximumInsideARecordLeaveAValidReport)
+{
+    // Block 0, then block 2 holding a record of two blocks: the maximum falls inside it.
+    const ToolRun run = runTool(args({"inspect", "--raw", "property", "--hex", "--max-items", "2"}),
+                                "00000000 00000004 00000002"
+                                "00000002 0000001c 00000018 00000000 00000004 00000001 00000001 00000004 00000007");
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonObject json = run.json();
+    const QJsonArray items = json[QStringLiteral("items")].toArray();
+    ASSERT_EQ(items.size(), 2);
+    EXPECT_EQ(items[1][QStringLiteral("value")][QStringLiteral("record")].toArray().size(), 0);
+    EXPECT_EQ(json[QStringLiteral("itemsLeftOut")].toInt(), 2);
+    EXPECT_TRUE(json[QStringLiteral("ok")].toBool());
+}
+
+TEST(ToolHostileInput, InputBeyondTheMaximumIsRefused)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--max-input", "1K"}), QByteArray(1025, '\0'));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err, "inspect: the input is larger than the maximum of 1024 bytes (--max-input changes it)\n");
+    EXPECT_TRUE(run.out.isEmpty());
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-input", "1K"}), QByteArray(1024, '\0')).exitCode, 0);
+}
+
+TEST(ToolHostileInput, EndlessInputIsRefused)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "property", "--max-input", "1M", "/dev/zero"}));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err, "inspect: the input is larger than the maximum of 1048576 bytes (--max-input changes it)\n");
+}
+
+TEST(ToolHostileInput, MaximaMustBeSizes)
+{
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-input", "lots"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-input", "2G"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-items", "-1"})).exitCode, 2);
+}
+
+TEST(Tool, NoCommandPrintsTheUsage)
+{
+    const ToolRun run = runTool(QStringList());
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.err.startsWith("Usage: sigdbref <command> [options]")) << run.err.toStdString();
+}
+
+TEST(Tool, HexTakesPrefixesAndLineBreaks)
+{
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--hex"}), "0x0007 0X0000\r\n\t0007\n00 00\n");
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(run.json()[QStringLiteral("size")].toInt(), 8);
+    EXPECT_EQ(run.json()[QStringLiteral("items")].toArray().size(), 2);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--hex"}), "0000 0x 0000").exitCode, 0);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--hex"}), "000").exitCode, 1);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--hex"}), "00x0").exitCode, 1);
+}
+
+TEST(ToolHostileInput, NestedRecordsAreTakenApartSixtyFourLevelsDeep)
+{
+    // Property 1 holding a record that holds property 1 ..., 70 levels, around property 0.
+    QByteArray record = QByteArray::fromHex("00000000 00000004 00000007");
+    for (int level = 0; level < 70; ++level)
+        record = bigEndian32(1) + bigEndian32(record.size() + 4) + bigEndian32(record.size()) + record;
+    const ToolRun run = runTool(args({"inspect", "--raw", "property"}), record);
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonArray items = run.json()[QStringLiteral("items")].toArray();
+    QJsonValue value = items.first()[QStringLiteral("value")];
+    int levels = 0;
+    while (value.toObject().contains(QStringLiteral("record"))) {
+        ++levels;
+        value = value[QStringLiteral("record")][0][QStringLiteral("value")];
+    }
+    EXPECT_EQ(levels, 64);
+    EXPECT_EQ(value[QStringLiteral("tooDeep")].toString(),
+              QStringLiteral("a record nested more than 64 levels deep, not taken apart"));
+    EXPECT_TRUE(value.toObject().contains(QStringLiteral("hex")));
 }

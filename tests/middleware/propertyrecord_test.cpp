@@ -69,6 +69,38 @@ TEST(PropertyRecord, MissingRequiredPropertyBetweenTwoBlocksIsReported)
     EXPECT_EQ(version.getMinor(), 4);
 }
 
+// Where decoding stopped: the end, the block standing where a missing property should be, or
+// the block whose value failed (here after a skipped obsolete block and inside a vector).
+TEST(PropertyRecord, DecodingTellsWhereItStopped)
+{
+    const struct
+    {
+        const char *stream;
+        qint64 stoppedAt;
+    } cases[] = {
+        {"00000000 00000004 00000002  00000001 00000004 00000007", 24},
+        {"00000000 00000004 00000002  00000002 00000004 00000001", 12},
+        {"ffffffff 00000000  00000000 00000004 00000002  00000001 00000004 00000007"
+         "00000002 00000004 FFFFFFFF",
+         32},
+    };
+    for (const auto &test : cases) {
+        qint64 stoppedAt = -1;
+        sigdb::MInfoAnswer answer;
+        try {
+            sigdb::MInfoAnswer::deserialize(bytes(test.stream), answer, stoppedAt);
+        } catch (const QString &) {
+        }
+        EXPECT_EQ(stoppedAt, test.stoppedAt) << test.stream;
+    }
+    qint64 stoppedAt = -1;
+    sigdb::InterfaceVersion version;
+    EXPECT_THROW(sigdb::InterfaceVersion::deserialize(bytes("00000000 00000004 00000002  00000002 00000004 00000001"),
+                                                      version, stoppedAt),
+                 QString);
+    EXPECT_EQ(stoppedAt, 12);
+}
+
 TEST(PropertyRecord, MissingStoreTypeIsReportedByTheConstructorFromBytes)
 {
     try {
