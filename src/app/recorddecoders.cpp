@@ -60,7 +60,14 @@ DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
     DecodeResult result;
     const bool read = readColumnRecord(record, reader);
     result.value = toJson(record);
-    if (!read) {
+    if (!read && reader.nestedTooDeep()) {
+        result.offset = reader.offset();
+        result.error = QStringLiteral("%1 did not decode: its records nest too deep (more than %2 levels) "
+                                      "at byte offset %3")
+                           .arg(name)
+                           .arg(ColumnReader::MaxNesting)
+                           .arg(reader.offset());
+    } else if (!read) {
         result.offset = reader.offset();
         result.error = QStringLiteral("%1 did not decode: the frame ending at byte offset %2 does not fit")
                            .arg(name)

@@ -176,6 +176,8 @@ ColumnReader::Nesting::Nesting(ColumnReader &reader)
     : m_reader(reader)
     , m_ok(++reader.m_depth <= MaxNesting)
 {
+    if (!m_ok)
+        reader.m_nestedTooDeep = true;
 }
 
 ColumnReader::Nesting::~Nesting()

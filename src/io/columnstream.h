@@ -227,6 +227,10 @@ public:
     /// Reads a text under a fixed tag into \a text; false on NULL, another tag or a cut text.
     bool readTextField(int tag, QByteArray &text);
 
+    /// Whether a record was refused because it nested deeper than MaxNesting: the reason a
+    /// record failed, where it did.
+    bool nestedTooDeep() const { return m_nestedTooDeep; }
+
     /// Holds one level of record nesting while it lives; ok() is false beyond MaxNesting.
     class SIGDBCORE_EXPORT Nesting
     {
@@ -294,6 +298,7 @@ private:
     QByteArray m_source; // keeps the bytes alive while the reader points into them
     ByteReader m_bytes;
     int m_depth = 0;
+    bool m_nestedTooDeep = false;
 };
 
 } // namespace sigdb

@@ -591,3 +591,27 @@ TEST(ToolHostileInput, NestedRecordsAreTakenApartSixtyFourLevelsDeep)
               QStringLiteral("a record nested more than 64 levels deep, not taken apart"));
     EXPECT_TRUE(value.toObject().contains(QStringLiteral("hex")));
 }
+
+// Sub-lists nested one level deeper than a reader takes, as one overview list answer.
+QByteArray overviewListsNested(int depth)
+{
+    sigdb::ElementOverviewList list;
+    for (int level = 0; level < depth; ++level) {
+        sigdb::ElementOverviewList outer;
+        outer.appendResultList(list);
+        list = outer;
+    }
+    return encoded(list);
+}
+
+TEST(ToolHostileInput, ColumnRecordsNestedTooDeepSaySo)
+{
+    const ToolRun deepest = runTool(args({"inspect", "--order-type", "5002"}), overviewListsNested(63));
+    EXPECT_EQ(deepest.exitCode, 0) << deepest.err.toStdString();
+
+    const ToolRun tooDeep = runTool(args({"inspect", "--order-type", "5002"}), overviewListsNested(64));
+    EXPECT_EQ(tooDeep.exitCode, 1);
+    EXPECT_TRUE(tooDeep.err.startsWith(
+        "error: ElementOverviewList did not decode: its records nest too deep (more than 64 levels) at byte offset "))
+        << tooDeep.err.toStdString();
+}
