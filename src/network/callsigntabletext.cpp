@@ -391,8 +391,40 @@ bool CallsignTableText::read(const QString &text, CallsignTable &table)
     return readRecord(text, table);
 }
 
+namespace {
+
+// A blank table: no connections, no sets, and an overview whose columns are all NULL and whose
+// elements are all undefined. Its text is the same whatever else the records hold.
+bool isBlank(const SigdbElement &element)
+{
+    return element.type() == 0 && element.tid().isNull() && element.layer() == 0;
+}
+
+template <typename T>
+bool isBlank(const base::DbDataType<T> &value)
+{
+    return value.isNull();
+}
+
+bool isBlankTable(const CallsignTable &table)
+{
+    if (table.connections.count() != 0 || table.sets.count() != 0)
+        return false;
+    bool blank = true;
+    Layout<ElementOverview>::visit(table.overview, [&blank](const auto &value) { blank = blank && isBlank(value); });
+    return blank;
+}
+
+} // namespace
+
 QByteArray CallsignTableText::writeUtf8(const CallsignTable &table)
 {
+    // Most elements belong to no network, so most details carry a blank table: its text is
+    // written once and handed out again (when a default table is blank, as it is).
+    static const bool defaultIsBlank = isBlankTable(CallsignTable());
+    static const QByteArray blankText = write(CallsignTable()).toUtf8();
+    if (defaultIsBlank && isBlankTable(table))
+        return blankText;
     return write(table).toUtf8();
 }
 

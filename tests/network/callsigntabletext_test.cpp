@@ -558,3 +558,28 @@ TEST(CallsignTableText, EmptyTableTextReadsAsTheFullReaderReadsIt)
     EXPECT_EQ(fast.connections.count(), 0);
     EXPECT_EQ(fast.sets.count(), 0);
 }
+
+TEST(CallsignTableText, BlankTablesShareOneTextThatReadsBack)
+{
+    const QByteArray blank = CallsignTable().toUtf8Text();
+    CallsignTable noNetwork;
+    noNetwork.overview.setIDs(40); // column ids are not part of the text
+    EXPECT_EQ(noNetwork.toUtf8Text(), blank);
+
+    // Any value in the overview, any connection or any set makes the table write its own text.
+    CallsignTable named;
+    named.overview.keyText1 = std::string("NET");
+    EXPECT_NE(named.toUtf8Text(), blank);
+    EXPECT_NE(named.toUtf8Text().indexOf("NET"), -1);
+    CallsignTable layered;
+    layered.overview.element.setLayer(1);
+    EXPECT_NE(layered.toUtf8Text(), blank);
+    CallsignTable connected;
+    connected.connections.appendEntry(ConnectionEntry());
+    EXPECT_NE(connected.toUtf8Text(), blank);
+
+    CallsignTable back;
+    back.overview.keyText1 = std::string("stale");
+    ASSERT_TRUE(back.fromUtf8Text(blank));
+    EXPECT_TRUE(back == CallsignTable());
+}
