@@ -9,6 +9,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -395,5 +396,112 @@ void BM_TextFloorRead(benchmark::State &state)
     setConnections(state);
 }
 BENCHMARK(BM_TextFloorRead)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+// The limit of the text form: the UTF-8 bytes taken apart with one pointer walk at every "#" +
+// separator of any level into their leaves (kept escaped, as they stand), and the leaves joined
+// again into a buffer sized once. Beside it, memcpy of the whole text.
+
+struct TextToken
+{
+    std::string leaf;
+    int separator = -1; // the separator after the leaf (index into kSeparatorBytes), -1 at the end
+};
+
+const char *const kSeparatorBytes[] = {"%", "$", "|", "\xEF\xBF\xBD", "~"};
+
+/// The separator starting at \a at (after a "#"), or -1.
+int separatorAt(const char *at, const char *end)
+{
+    for (int i = 0; i < 5; ++i) {
+        const size_t length = std::strlen(kSeparatorBytes[i]);
+        if (static_cast<size_t>(end - at) >= length && std::memcmp(at, kSeparatorBytes[i], length) == 0)
+            return i;
+    }
+    return -1;
+}
+
+std::vector<TextToken> scanText(const QByteArray &text)
+{
+    std::vector<TextToken> tokens;
+    const char *at = text.constData();
+    const char *end = at + text.size();
+    const char *leafStart = at;
+    while (at < end) {
+        const char *hash = static_cast<const char *>(std::memchr(at, '#', static_cast<size_t>(end - at)));
+        if (!hash)
+            break;
+        const int separator = separatorAt(hash + 1, end);
+        if (separator < 0) {
+            at = hash + 1;
+            continue;
+        }
+        tokens.push_back({std::string(leafStart, hash), separator});
+        at = hash + 1 + std::strlen(kSeparatorBytes[separator]);
+        leafStart = at;
+    }
+    tokens.push_back({std::string(leafStart, end), -1});
+    return tokens;
+}
+
+QByteArray joinTokens(const std::vector<TextToken> &tokens)
+{
+    qint64 size = 0;
+    for (const TextToken &token : tokens)
+        size += static_cast<qint64>(token.leaf.size())
+            + (token.separator < 0 ? 0 : 1 + static_cast<qint64>(std::strlen(kSeparatorBytes[token.separator])));
+    QByteArray out(static_cast<int>(size), Qt::Uninitialized);
+    char *at = out.data();
+    for (const TextToken &token : tokens) {
+        std::memcpy(at, token.leaf.data(), token.leaf.size());
+        at += token.leaf.size();
+        if (token.separator >= 0) {
+            *at++ = '#';
+            const size_t length = std::strlen(kSeparatorBytes[token.separator]);
+            std::memcpy(at, kSeparatorBytes[token.separator], length);
+            at += length;
+        }
+    }
+    return out;
+}
+
+void BM_TextLimitWrite(benchmark::State &state)
+{
+    const QByteArray text = network(static_cast<int>(state.range(0))).toUtf8Text();
+    const std::vector<TextToken> tokens = scanText(text);
+    if (joinTokens(tokens) != text)
+        state.SkipWithError("the limit does not write the same text");
+    for (auto _ : state) {
+        const QByteArray out = joinTokens(tokens);
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    setConnections(state);
+}
+BENCHMARK(BM_TextLimitWrite)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void BM_TextLimitRead(benchmark::State &state)
+{
+    const QByteArray text = network(static_cast<int>(state.range(0))).toUtf8Text();
+    for (auto _ : state) {
+        const std::vector<TextToken> tokens = scanText(text);
+        benchmark::DoNotOptimize(tokens.data());
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    setConnections(state);
+}
+BENCHMARK(BM_TextLimitRead)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+void BM_TextMemcpy(benchmark::State &state)
+{
+    const QByteArray text = network(static_cast<int>(state.range(0))).toUtf8Text();
+    for (auto _ : state) {
+        QByteArray out(text.size(), Qt::Uninitialized);
+        std::memcpy(out.data(), text.constData(), static_cast<size_t>(text.size()));
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    setConnections(state);
+}
+BENCHMARK(BM_TextMemcpy)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 } // namespace
