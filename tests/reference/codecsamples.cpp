@@ -28,6 +28,7 @@ namespace sigdbreference {
 namespace {
 
 using namespace sigdb;
+using Text = base::DbDataType<std::string>;
 
 // ---------------------------------------------------------------------------------------------
 // Values from the corners of the formats
@@ -131,30 +132,38 @@ ElementOverviewList overviewList()
     return list;
 }
 
+/// A network of three connections around one centre, with relays, end overviews, a NULL text
+/// and separators inside the texts, and one callsign set per connection entry.
 CallsignTable callsignTable()
 {
     CallsignTable table;
-    for (unsigned long long tid : {1ULL, 2ULL}) {
+    // The text form carries UTF-8 texts and element references of non-negative numbers.
+    table.overview.element = element(4, 4711, "NET");
+    table.overview.keyText1 = std::string("net %$|~#/ \xc3\xa9");
+    table.overview.networkTypeWord = 2;
+    table.overview.auxiliaryTid = ~0ULL;
+    for (int i = 0; i < 3; ++i) {
         ConnectionEntry connection;
-        connection.setTID(100 + tid);
-        connection.fromDefinition.element.setType(4);
-        connection.fromDefinition.element.setTID(1);
-        connection.fromDefinition.rcs = tid == 1;
-        connection.toDefinition.element.setType(1);
-        connection.toDefinition.element.setTID(10 + tid);
-        connection.toDefinition.firstText = std::string("to|$%~#/ \xc3\xa9");
+        connection.setTID(500 + static_cast<unsigned long long>(i));
+        connection.fromDefinition.element = element(4, 4711, "NET");
+        connection.fromDefinition.relay = i == 1;
+        connection.toDefinition.element = element(1, 20 + static_cast<unsigned long long>(i), "M");
+        connection.toDefinition.secondText = i == 2 ? Text() : Text(std::string("member ") + std::to_string(i));
+        connection.toDefinition.overview.keyText1 = std::string("end");
+        connection.modificationState = i;
         table.connections.appendEntry(connection);
     }
-    CallsignSet set;
-    set.firstValue = std::string("day");
-    for (const char *callsign : {"A1/A2", "B|1"}) {
-        CallsignEntry entry;
-        entry.firstCallsign = std::string(callsign);
-        entry.thirdCallsign = std::string("X");
-        set.entries.appendEntry(entry);
+    for (const char *name : {"day", "night"}) {
+        CallsignSet set;
+        set.firstValue = std::string(name);
+        for (int i = 0; i < 3; ++i) {
+            CallsignEntry entry;
+            entry.firstCallsign = std::string(name) + "/" + std::to_string(i);
+            entry.fourthCallsign = std::string("Z~");
+            set.entries.appendEntry(entry);
+        }
+        table.sets.appendEntry(set);
     }
-    table.sets.appendEntry(set);
-    table.overview.keyText1 = std::string("NET");
     return table;
 }
 
