@@ -3,6 +3,7 @@
 #include "recordjson.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QJsonArray>
 #include <QJsonObject>
 
