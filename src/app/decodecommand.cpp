@@ -201,12 +201,8 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
     }
 
     QByteArray data;
-    QString error;
-    bool tooLarge = false;
-    if (!readInput(parser.positionalArguments().value(0), maxInput, data, error, tooLarge)) {
-        err << "inspect: " << error << '\n';
-        return tooLarge ? Exit_DecodeFailure : Exit_Usage;
-    }
+    if (const int status = readCommandInput("inspect", parser.positionalArguments().value(0), maxInput, data, err))
+        return status;
     if (parser.isSet(hexOption)) {
         QByteArray decoded;
         if (!parseHex(data, decoded)) {

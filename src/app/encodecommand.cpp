@@ -151,12 +151,9 @@ int runEncode(const QStringList &arguments, QTextStream &out, QTextStream &err)
     }
 
     QByteArray document;
+    if (const int status = readCommandInput("encode", parser.positionalArguments().value(0), kDefaultMaxInput, document, err))
+        return status;
     QString error;
-    bool tooLarge = false;
-    if (!readInput(parser.positionalArguments().value(0), kDefaultMaxInput, document, error, tooLarge)) {
-        err << "encode: " << error << '\n';
-        return tooLarge ? Exit_DecodeFailure : Exit_Usage;
-    }
     QByteArray bytes;
     if (!encodeDocument(document, bytes, error)) {
         err << "encode: " << error << '\n';

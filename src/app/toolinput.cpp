@@ -1,5 +1,7 @@
 #include "toolinput.h"
 
+#include <QTextStream>
+
 #include <QFile>
 
 #include <cctype>
@@ -52,6 +54,16 @@ bool readInput(const QString &path, qint64 maxInput, QByteArray &data, QString &
         return false;
     }
     return true;
+}
+
+int readCommandInput(const char *command, const QString &path, qint64 maxInput, QByteArray &data, QTextStream &err)
+{
+    QString error;
+    bool tooLarge = false;
+    if (readInput(path, maxInput, data, error, tooLarge))
+        return 0;
+    err << command << ": " << error << '\n';
+    return tooLarge ? 1 : 2;
 }
 
 bool parseHex(const QByteArray &text, QByteArray &bytes)
