@@ -41,6 +41,24 @@ public:
         return joined;
     }
 
+    /// Hands every part of \a text, unescaped, to \a take(part) in order, one at a time (a
+    /// list can have millions of parts, so they are never all held); stops early when \a take
+    /// returns false. The parts are those of split().
+    template <typename Take>
+    void forEachPart(const QString &text, Take take) const
+    {
+        int from = 0;
+        for (;;) {
+            const int at = text.indexOf(m_join, from);
+            QString part = text.mid(from, at < 0 ? -1 : at - from);
+            if (part.contains(QLatin1Char('/')))
+                part.replace(m_escaped, m_separatorText);
+            if (!take(part) || at < 0)
+                return;
+            from = at + m_join.size();
+        }
+    }
+
     QStringList split(const QString &text) const
     {
         QStringList parts = text.split(m_join, Qt::KeepEmptyParts);
@@ -308,8 +326,6 @@ QString valueText(const ElementOverview &overview);
 bool readValue(const QString &text, ElementOverview &overview);
 template <typename Entry>
 QString valueText(const EntrySequence<Entry> &list);
-template <typename Entry>
-bool readValue(const QString &text, EntrySequence<Entry> &list);
 
 /// The values of \a record joined at its level.
 template <typename Record>
@@ -320,9 +336,23 @@ QString writeRecord(const Record &record)
     return Layout<Record>::level().join(parts);
 }
 
-/// Reads the values of \a record by position from \a text. A position that the text does not
-/// reach reads as the empty text (NULL), and parts beyond the record's last value are ignored,
-/// so a record written with fewer or more values still lands in its own place. False when a
+/// Hands the parts of \a text at \a level to \a readPart(position, part) by position, for
+/// the positions below \a count: a position that the text does not reach reads as the empty
+/// text (NULL), and parts beyond the last position are ignored, so a record written with fewer
+/// or more values still lands in its own place.
+template <typename ReadPart>
+void readPositions(const Level &level, const QString &text, int count, ReadPart readPart)
+{
+    int position = 0;
+    level.forEachPart(text, [&](const QString &part) {
+        readPart(position, part);
+        return ++position < count;
+    });
+    for (; position < count; ++position)
+        readPart(position, QString());
+}
+
+/// Reads the values of \a record by position from \a text (see readPositions()). False when a
 /// value that is there does not read; it stays NULL and the others are read all the same.
 template <typename Record>
 bool readRecord(const QString &text, Record &record)
@@ -335,6 +365,24 @@ bool readRecord(const QString &text, Record &record)
         ++position;
     });
     return valuesRead;
+}
+
+/// Reads one new entry per part of \a text and hands each to \a take, whatever the part holds:
+/// entry i of every callsign set belongs to connection i, so a part left out would move every
+/// later one onto the wrong connection. An empty list is the empty text.
+template <typename Entry, typename Take>
+bool readEntries(const QString &text, Take take)
+{
+    if (text.isEmpty())
+        return true;
+    bool allRead = true;
+    Layout<Entry>::listLevel().forEachPart(text, [&](const QString &part) {
+        Entry entry;
+        allRead = readRecord(part, entry) && allRead;
+        take(std::move(entry));
+        return true;
+    });
+    return allRead;
 }
 
 QString valueText(const ElementOverview &overview)
@@ -357,26 +405,76 @@ QString valueText(const EntrySequence<Entry> &list)
     return Layout<Entry>::listLevel().join(parts);
 }
 
-/// Replaces the entries of \a list by one new entry per part of \a text, whatever the part
-/// holds: entry i of every callsign set belongs to connection i, so a part left out would move
-/// every later one onto the wrong connection. The entries cost memory in proportion to the
-/// parts that the text really holds (at most one record per two characters).
-template <typename Entry>
-bool readValue(const QString &text, EntrySequence<Entry> &list)
+/// A set: its two texts and its entry list, by position as the set's layout gives them.
+bool readSet(const QString &text, CallsignTableText::Visitor &visitor)
 {
-    list.clear();
-    if (text.isEmpty())
-        return true;
-    const QStringList parts = Layout<Entry>::listLevel().split(text);
-    list.container().reserve(static_cast<size_t>(parts.size()));
+    CallsignSet set;
     bool allRead = true;
-    for (const QString &part : parts) {
-        Entry entry;
-        allRead = readRecord(part, entry) && allRead;
-        list.appendEntry(std::move(entry));
-    }
+    readPositions(Layout<CallsignSet>::level(), text, 3, [&](int position, const QString &part) {
+        if (position == 0) {
+            allRead = readValue(part, set.firstValue) && allRead;
+        } else if (position == 1) {
+            allRead = readValue(part, set.secondValue) && allRead;
+        } else {
+            visitor.beginSet(std::move(set));
+            allRead = readEntries<CallsignEntry>(part, [&visitor](CallsignEntry &&entry) {
+                          visitor.entry(std::move(entry));
+                      })
+                && allRead;
+            visitor.endSet();
+        }
+    });
     return allRead;
 }
+
+/// A table: its connection list, its set list and its overview, by position as the table's
+/// layout gives them. Only one record is held at a time.
+bool readTable(const QString &text, CallsignTableText::Visitor &visitor)
+{
+    bool allRead = true;
+    readPositions(Layout<CallsignTable>::level(), text, 3, [&](int position, const QString &part) {
+        if (position == 0) {
+            allRead = readEntries<ConnectionEntry>(part, [&visitor](ConnectionEntry &&connection) {
+                          visitor.connection(std::move(connection));
+                      })
+                && allRead;
+        } else if (position == 1) {
+            if (!part.isEmpty()) {
+                Layout<CallsignSet>::listLevel().forEachPart(part, [&](const QString &set) {
+                    allRead = readSet(set, visitor) && allRead;
+                    return true;
+                });
+            }
+        } else {
+            ElementOverview overview;
+            allRead = readRecord(part, overview) && allRead;
+            visitor.overview(std::move(overview));
+        }
+    });
+    return allRead;
+}
+
+/// Rebuilds a table from what the reader hands over.
+class TableBuilder : public CallsignTableText::Visitor
+{
+public:
+    explicit TableBuilder(CallsignTable &table)
+        : m_table(table)
+    {
+    }
+
+    void connection(ConnectionEntry &&connection) override { m_table.connections.appendEntry(std::move(connection)); }
+    void beginSet(CallsignSet &&set) override { m_table.sets.appendEntry(std::move(set)); }
+    void entry(CallsignEntry &&entry) override
+    {
+        m_table.sets.container().back().entries.appendEntry(std::move(entry));
+    }
+    void endSet() override {}
+    void overview(ElementOverview &&overview) override { m_table.overview = std::move(overview); }
+
+private:
+    CallsignTable &m_table;
+};
 
 } // namespace
 
@@ -385,10 +483,23 @@ QString CallsignTableText::write(const CallsignTable &table)
     return writeRecord(table);
 }
 
+CallsignTableText::Visitor::~Visitor() = default;
+
 bool CallsignTableText::read(const QString &text, CallsignTable &table)
 {
     table.reset();
-    return readRecord(text, table);
+    TableBuilder builder(table);
+    return readTable(text, builder);
+}
+
+bool CallsignTableText::read(const QString &text, Visitor &visitor)
+{
+    return readTable(text, visitor);
+}
+
+bool CallsignTableText::readUtf8(const QByteArray &text, Visitor &visitor)
+{
+    return readTable(QString::fromUtf8(text), visitor);
 }
 
 namespace {

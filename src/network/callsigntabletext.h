@@ -8,7 +8,10 @@
 
 namespace sigdb {
 
+class CallsignEntry;
+class CallsignSet;
 class CallsignTable;
+class ConnectionEntry;
 class ElementOverview;
 class SigdbElement;
 
@@ -67,6 +70,33 @@ public:
     /// Replaces the contents of \a table (connections, sets, overview) by what \a text holds;
     /// false when \a text is malformed. \a table's own layer is kept.
     static bool read(const QString &text, CallsignTable &table);
+
+    /// Receives the records of a text form one at a time, in the order of the text, so that a
+    /// table can be looked at without holding it: a text of a few megabytes can stand for
+    /// millions of records (an empty part is a whole record of NULL values). Every record
+    /// arrives freshly read and is the receiver's to keep or drop.
+    class SIGDBREF_EXPORT Visitor
+    {
+    public:
+        virtual ~Visitor();
+        /// The next connection of the connection list.
+        virtual void connection(ConnectionEntry &&connection) = 0;
+        /// The next callsign set, with its two texts and still without entries; its entries
+        /// follow through entry(), then endSet().
+        virtual void beginSet(CallsignSet &&set) = 0;
+        /// The next entry of the set begun last.
+        virtual void entry(CallsignEntry &&entry) = 0;
+        /// The set begun last has no more entries.
+        virtual void endSet() = 0;
+        /// The network overview, after all connections and sets.
+        virtual void overview(ElementOverview &&overview) = 0;
+    };
+
+    /// Reads \a text record by record into \a visitor, by the rules of read(); false when
+    /// \a text is malformed (everything readable has been handed over all the same).
+    static bool read(const QString &text, Visitor &visitor);
+    /// read() of UTF-8 bytes into \a visitor.
+    static bool readUtf8(const QByteArray &text, Visitor &visitor);
 
     /// write() as UTF-8, as element details carry it.
     static QByteArray writeUtf8(const CallsignTable &table);

@@ -479,6 +479,80 @@ TEST(CallsignTableText, AShortOrLongOverviewReadsByPosition)
     EXPECT_EQ(longOne.orderNumber.getData(), -12);
 }
 
+/// Writes down what the streaming reader hands over, in order, and builds the table from it.
+class RecordingVisitor : public CallsignTableText::Visitor
+{
+public:
+    void connection(ConnectionEntry &&connection) override
+    {
+        events.push_back("connection");
+        table.connections.appendEntry(std::move(connection));
+    }
+    void beginSet(CallsignSet &&set) override
+    {
+        events.push_back("set");
+        EXPECT_EQ(set.entries.count(), 0) << "a set arrives before its entries";
+        table.sets.appendEntry(std::move(set));
+    }
+    void entry(CallsignEntry &&entry) override
+    {
+        events.push_back("entry");
+        table.sets.container().back().entries.appendEntry(std::move(entry));
+    }
+    void endSet() override { events.push_back("end"); }
+    void overview(ElementOverview &&overview) override
+    {
+        events.push_back("overview");
+        table.overview = std::move(overview);
+    }
+
+    std::vector<std::string> events;
+    CallsignTable table;
+};
+
+TEST(CallsignTableText, TheVisitorGetsEveryRecordInTextOrder)
+{
+    const CallsignTable original = populatedTable();
+    RecordingVisitor visitor;
+    ASSERT_TRUE(CallsignTableText::read(original.toText(), visitor));
+    EXPECT_TRUE(visitor.table == original);
+
+    std::vector<std::string> expected(6, "connection");
+    for (const CallsignSet &set : original.sets.container()) {
+        expected.push_back("set");
+        expected.insert(expected.end(), static_cast<size_t>(set.entries.count()), "entry");
+        expected.push_back("end");
+    }
+    expected.push_back("overview");
+    EXPECT_EQ(visitor.events, expected);
+
+    RecordingVisitor fromBytes;
+    ASSERT_TRUE(CallsignTableText::readUtf8(original.toUtf8Text(), fromBytes));
+    EXPECT_TRUE(fromBytes.table == original);
+}
+
+TEST(CallsignTableText, TheVisitorGetsAShortTableByPosition)
+{
+    // No set list and no overview in the text: no set arrives, and the overview is read from
+    // the empty text, so it arrives all NULL. A text without connections has none.
+    RecordingVisitor visitor;
+    ASSERT_TRUE(CallsignTableText::read(QStringLiteral("#$"), visitor));
+    EXPECT_EQ(visitor.events, (std::vector<std::string>{"connection", "connection", "overview"}));
+    EXPECT_TRUE(visitor.table.overview == ElementOverview());
+
+    RecordingVisitor empty;
+    ASSERT_TRUE(CallsignTableText::read(QString(), empty));
+    EXPECT_EQ(empty.events, std::vector<std::string>{"overview"});
+}
+
+TEST(CallsignTableText, TheVisitorHearsOfMalformedValuesAndGetsTheRest)
+{
+    RecordingVisitor visitor;
+    EXPECT_FALSE(CallsignTableText::read(QStringLiteral("#|#|x:1:1#$#%#%" DEFAULT_OVERVIEW), visitor));
+    ASSERT_EQ(visitor.table.connections.count(), 2);
+    EXPECT_EQ(visitor.events.back(), "overview");
+}
+
 TEST(CallsignTableText, ManyEmptyPartsCostOneRecordEach)
 {
     // Every part is a record, however little it holds; the cost grows with the text.
