@@ -71,20 +71,44 @@ void ElementDetailsList::writeTo(ColumnWriter &writer) const
                      [&writer](const ElementDetails &details) { writeDetail(writer, details); });
 }
 
-bool ElementDetailsList::readFrom(ColumnReader &reader)
+void ElementDetailsList::readListNumber(ColumnReader &reader)
 {
-    // A list number that does not read is no reason to give up the details.
     base::DbDataType<int> number;
     number.setID(static_cast<unsigned int>(m_listNumber.getID()));
     if (reader.read(number))
         m_listNumber = number;
+}
 
+bool ElementDetailsList::readFrom(ColumnReader &reader)
+{
+    readListNumber(reader);
     int nextId = m_startId;
     return readListEntries(reader, CountTag, m_entries, minimumEntrySize<ElementDetails>(writeDetail),
                            [&reader, &nextId](ElementDetails &details) {
                                nextId = details.setIDs(nextId);
                                return readDetail(reader, details);
                            });
+}
+
+bool ElementDetailsList::readEach(ColumnReader &reader,
+                                  const std::function<bool(ElementDetails &, const QByteArray &)> &take)
+{
+    // The list framing of readFrom() (readListEntries()), with one detail alive at a time.
+    readListNumber(reader);
+    qint64 count = 0;
+    if (!reader.readLongField(CountTag, count))
+        return false;
+    int nextId = m_startId;
+    QByteArray tableText;
+    for (qint64 i = 0; i < count; ++i) {
+        if (reader.atEnd())
+            return false;
+        ElementDetails details;
+        nextId = details.setIDs(nextId);
+        if (!readDetail(reader, details, tableText) || !take(details, tableText))
+            return false;
+    }
+    return true;
 }
 
 void ElementDetailsList::writeDetail(ColumnWriter &writer, const ElementDetails &details)
@@ -100,15 +124,19 @@ void ElementDetailsList::writeDetail(ColumnWriter &writer, const ElementDetails 
 
 bool ElementDetailsList::readDetail(ColumnReader &reader, ElementDetails &details)
 {
-    SigdbElement definition = details.elementDefinition();
     QByteArray callsignTable;
+    return readDetail(reader, details, callsignTable) && details.callsignTable().fromUtf8Text(callsignTable);
+}
+
+bool ElementDetailsList::readDetail(ColumnReader &reader, ElementDetails &details, QByteArray &tableText)
+{
+    SigdbElement definition = details.elementDefinition();
     if (!details.SigdbElementDetails::readFrom(reader) || !definition.readFrom(reader))
         return false;
     details.setElementDefinition(definition);
     return reader.read(details.detailsNumber()) && reader.read(details.collocationTID())
         && details.referenceDocuments().readFrom(reader) && details.networkList().readFrom(reader)
-        && reader.readTextField(CallsignTableTag, callsignTable)
-        && details.callsignTable().fromUtf8Text(callsignTable);
+        && reader.readTextField(CallsignTableTag, tableText);
 }
 
 void ElementDetailsList::appendDetailsList(const ElementDetailsList &other)

@@ -6,6 +6,10 @@
 #include "core/entrysequence.h"
 #include "element/elementdetails.h"
 
+#include <QByteArray>
+
+#include <functional>
+
 namespace sigdb {
 
 /// One or more element details: the answer to getElementDetailList (5004) and the record that
@@ -48,6 +52,14 @@ public:
     void writeTo(ColumnWriter &writer) const;
     /// Clears the list and reads it back; false on a frame that does not fit or bytes that end early.
     bool readFrom(ColumnReader &reader);
+    /// Reads the stream form one detail at a time without keeping the details, for a list too
+    /// large to hold: a callsign table text of a few megabytes can stand for millions of
+    /// connections. The list number is read into this list; every detail is read and numbered
+    /// as readFrom() does it, except that its callsign table stays as it is and the table's
+    /// text (UTF-8, as it travels) is handed over beside it to \a take(details, tableText),
+    /// which returns whether reading goes on. False where readFrom() would fail, or when
+    /// \a take returns false.
+    bool readEach(ColumnReader &reader, const std::function<bool(ElementDetails &, const QByteArray &)> &take);
 
     /// Appends a copy of \a details.
     void appendDetails(const ElementDetails &details) { appendEntry(details); }
@@ -89,6 +101,10 @@ public:
 private:
     static void writeDetail(ColumnWriter &writer, const ElementDetails &details);
     static bool readDetail(ColumnReader &reader, ElementDetails &details);
+    /// readDetail() up to the callsign table, whose text is handed back in \a tableText.
+    static bool readDetail(ColumnReader &reader, ElementDetails &details, QByteArray &tableText);
+    /// Reads the list number; one that does not read is no reason to give up the details.
+    void readListNumber(ColumnReader &reader);
 
     base::DbDataType<int> m_listNumber{0};
 };

@@ -302,6 +302,69 @@ TEST(ElementDetailsList, CorruptCallsignTableTextFailsTheDetail)
     EXPECT_FALSE(decode(corrupt, back));
 }
 
+// Reads a list one detail at a time and rebuilds it from what arrives, as a caller that does not
+// want to hold the list would see it.
+namespace {
+bool decodeEach(const QByteArray &data, ElementDetailsList &list, int stopAfter = -1)
+{
+    list.setIDs(0);
+    sigdb::ColumnReader reader(data);
+    int taken = 0;
+    return list.readEach(reader, [&list, &taken, stopAfter](ElementDetails &details, const QByteArray &tableText) {
+        EXPECT_TRUE(details.callsignTable() == sigdb::CallsignTable()) << "the table comes as its text";
+        if (!details.callsignTable().fromUtf8Text(tableText))
+            return false;
+        list.appendDetails(details);
+        return ++taken != stopAfter;
+    });
+}
+} // namespace
+
+TEST(ElementDetailsList, ReadOneByOneGivesWhatReadingTheListGives)
+{
+    ElementDetailsList list;
+    list.listNumber() = 7;
+    list.appendDetails(newUnit());
+    list.appendDetails(ElementDetails());
+    list.appendDetails(newUnit());
+    QByteArray out;
+    list.serialize(out);
+
+    ElementDetailsList whole;
+    ASSERT_TRUE(decode(out, whole));
+    ElementDetailsList oneByOne;
+    ASSERT_TRUE(decodeEach(out, oneByOne));
+    EXPECT_TRUE(oneByOne == whole);
+    EXPECT_EQ(oneByOne.listNumber().getData(), 7);
+    ASSERT_EQ(oneByOne.count(), 3);
+    EXPECT_EQ(oneByOne.container()[2].callsignTable().connections.container()[0].name().getData(), "link | one");
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(oneByOne.container()[static_cast<size_t>(i)].str(5).getID(),
+                  whole.container()[static_cast<size_t>(i)].str(5).getID())
+            << "numbered as the list numbers them";
+    }
+
+    ElementDetailsList stopped;
+    EXPECT_FALSE(decodeEach(out, stopped, 2)) << "the receiver can stop the reading";
+    EXPECT_EQ(stopped.count(), 2);
+}
+
+TEST(ElementDetailsList, ReadOneByOneFailsWhereReadingTheListFails)
+{
+    ElementDetailsList list;
+    list.appendDetails(newUnit());
+    QByteArray out;
+    list.serialize(out);
+    for (int length = 0; length < out.size(); ++length) {
+        ElementDetailsList whole;
+        ElementDetailsList oneByOne;
+        EXPECT_EQ(decodeEach(out.left(length), oneByOne), decode(out.left(length), whole)) << "length " << length;
+        EXPECT_TRUE(oneByOne == whole) << "length " << length;
+    }
+    ElementDetailsList huge;
+    EXPECT_FALSE(decodeEach(bytes("0001 0001 00  0001 0008 4000000000000000"), huge));
+}
+
 // The typical road of a client: a new element with full details goes out with createElement,
 // the server reads the order back, and answers with the new element's overview.
 TEST(ElementDetailsList, CreateElementEndToEnd)
