@@ -7,28 +7,16 @@
 
 #include <QCommandLineParser>
 #include <QIODevice>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTextStream>
 
 namespace sigdbtool {
 
 namespace {
 
-// Writes bytes as they are to the stream's device, after what the stream holds.
-void writeBytes(QTextStream &out, const QByteArray &bytes)
-{
-    out.flush();
-    if (out.device())
-        out.device()->write(bytes);
-    else
-        out << QString::fromUtf8(bytes);
-}
-
-void printJson(QTextStream &out, const QJsonObject &object)
-{
-    writeBytes(out, QJsonDocument(object).toJson(QJsonDocument::Indented));
-}
+// Items a report shows unless asked for more: a few hundred megabytes of JSON at most. A short
+// input can stand for millions of records (an empty part of a callsign table text is a whole
+// connection), and their JSON would be thousands of times the input's size.
+constexpr qint64 kDefaultMaxItems = 100000;
 
 } // namespace
 
@@ -85,22 +73,49 @@ int printRaw(const QString &format, const QByteArray &data, qint64 maxItems, QTe
     return Exit_DecodeFailure;
 }
 
-int printRecord(const RecordDecoder &decoder, int orderType, const QByteArray &data,
+// The record is decoded first, so that the report can say how that went before the record's
+// JSON, which is written while it is produced.
+int printRecord(const RecordDecoder &decoder, int orderType, const QByteArray &data, qint64 maxItems,
                 QTextStream &out, QTextStream &err)
 {
     const DecodeResult result = decoder.decode(data);
-    QJsonObject report{{QStringLiteral("record"), decoder.name},
-                       {QStringLiteral("direction"), directionName(decoder.direction)},
-                       {QStringLiteral("size"), data.size()},
-                       {QStringLiteral("ok"), result.ok}};
-    if (orderType != 0)
-        report.insert(QStringLiteral("orderType"), orderType);
-    report.insert(result.ok ? QStringLiteral("value") : QStringLiteral("decoded"), result.value);
-    if (!result.ok) {
-        report.insert(QStringLiteral("offset"), result.offset);
-        report.insert(QStringLiteral("error"), result.error);
+    out.flush();
+    qint64 itemsLeftOut = 0;
+    {
+        JsonStream json(out.device());
+        json.beginObject();
+        json.key(QLatin1String("record"));
+        json.value(decoder.name);
+        json.key(QLatin1String("direction"));
+        json.value(directionName(decoder.direction));
+        if (orderType != 0) {
+            json.key(QLatin1String("orderType"));
+            json.number(orderType);
+        }
+        json.key(QLatin1String("size"));
+        json.number(data.size());
+        json.key(QLatin1String("ok"));
+        json.value(result.ok);
+        if (!result.ok) {
+            json.key(QLatin1String("offset"));
+            json.number(result.offset);
+            json.key(QLatin1String("error"));
+            json.value(result.error);
+        }
+        json.key(result.ok ? QLatin1String("value") : QLatin1String("decoded"));
+        {
+            ItemBudget budget(json, maxItems);
+            result.writeValue(json, budget);
+            itemsLeftOut = budget.leftOut();
+        }
+        if (itemsLeftOut > 0) {
+            json.key(QLatin1String("itemsLeftOut"));
+            json.number(itemsLeftOut);
+        }
+        json.endObject();
     }
-    printJson(out, report);
+    if (itemsLeftOut > 0)
+        err << "note: " << itemsLeftOut << " more items are left out (--max-items)\n";
     if (result.ok)
         return Exit_Ok;
     err << "error: " << result.error << '\n';
@@ -131,9 +146,10 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
         QStringLiteral("Refuse input larger than <size> bytes (suffix K, M or G; default 256M)."),
         QStringLiteral("size"), QStringLiteral("256M"));
     const QCommandLineOption maxItemsOption(QStringLiteral("max-items"),
-        QStringLiteral("With --raw: write at most <n> items (frames, blocks, vector elements) and "
-                       "count the rest."),
-        QStringLiteral("n"));
+        QStringLiteral("Write at most <n> items (list entries, frames, blocks, vector elements, "
+                       "at any depth) and count the rest; 'all' writes every item (default %1).")
+            .arg(kDefaultMaxItems),
+        QStringLiteral("n"), QString::number(kDefaultMaxItems));
     parser.addOptions({orderTypeOption, requestOption, recordOption, rawOption, hexOption,
                        maxInputOption, maxItemsOption});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Input file; '-' or none for standard input."),
@@ -164,11 +180,11 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
         return Exit_Usage;
     }
     qint64 maxItems = -1;
-    if (parser.isSet(maxItemsOption)) {
+    if (parser.value(maxItemsOption) != QLatin1String("all")) {
         bool ok = false;
         maxItems = parser.value(maxItemsOption).toLongLong(&ok);
         if (!ok || maxItems < 0) {
-            err << "inspect: --max-items takes a number of items\n";
+            err << "inspect: --max-items takes a number of items or 'all'\n";
             return Exit_Usage;
         }
     }
@@ -214,7 +230,7 @@ int runInspect(const QStringList &arguments, QTextStream &out, QTextStream &err)
 
     if (!raw.isEmpty())
         return printRaw(raw, data, maxItems, out, err);
-    return printRecord(*decoder, orderType, data, out, err);
+    return printRecord(*decoder, orderType, data, maxItems, out, err);
 }
 
 } // namespace sigdbtool

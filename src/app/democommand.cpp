@@ -1,6 +1,7 @@
 #include "democommand.h"
 
 #include "decodecommand.h"
+#include "jsonstream.h"
 #include "recorddecoders.h"
 
 #include "client/loopback.h"
@@ -14,10 +15,8 @@
 #include "middleware/versionrecords.h"
 #include "query/queryrequest.h"
 
+#include <QBuffer>
 #include <QCommandLineParser>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTextStream>
 
 #include <functional>
@@ -35,10 +34,16 @@ QString hexSummary(const QByteArray &data)
     return text;
 }
 
-QString compactJson(const QJsonValue &value)
+QString compactJson(const DecodeResult &result)
 {
-    const QJsonDocument document = value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
-    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    {
+        JsonStream json(&buffer, JsonStream::Compact);
+        ItemBudget everything(json, -1);
+        result.writeValue(json, everything);
+    }
+    return QString::fromUtf8(buffer.data());
 }
 
 void printBytes(QTextStream &out, const char *what, Direction direction, int orderType, const QString &record,
@@ -52,7 +57,7 @@ void printBytes(QTextStream &out, const char *what, Direction direction, int ord
     out << " (" << data.size() << " bytes): " << hexSummary(data) << '\n';
     const RecordDecoder *decoder = record.isEmpty() ? findDecoder(direction, orderType) : findDecoder(record);
     if (decoder)
-        out << "    " << decoder->name << ' ' << compactJson(decoder->decode(data).value) << '\n';
+        out << "    " << decoder->name << ' ' << compactJson(decoder->decode(data)) << '\n';
 }
 
 // The demo's client: counts and prints what reaches its callbacks.

@@ -3,6 +3,10 @@
 #include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cmath>
 
 namespace sigdbtool {
 
@@ -15,8 +19,9 @@ constexpr qint64 kHexPiece = 16 * 1024;
 
 } // namespace
 
-JsonStream::JsonStream(QIODevice *device)
+JsonStream::JsonStream(QIODevice *device, Layout layout)
     : m_device(device)
+    , m_compact(layout == Compact)
 {
 }
 
@@ -41,8 +46,10 @@ bool JsonStream::beginElement()
     if (!container.empty)
         write(",");
     container.empty = false;
-    write("\n");
-    writeIndent();
+    if (!m_compact) {
+        write("\n");
+        writeIndent();
+    }
     return true;
 }
 
@@ -60,12 +67,12 @@ void JsonStream::close(char bracket)
     m_containers.pop_back();
     if (container.dropped)
         return;
-    if (!container.empty) {
+    if (!container.empty && !m_compact) {
         write("\n");
         writeIndent();
     }
     write(&bracket, 1);
-    if (m_containers.empty())
+    if (m_containers.empty() && !m_compact)
         write("\n");
 }
 
@@ -96,7 +103,7 @@ void JsonStream::key(QLatin1String name)
     if (m_keyWritten) {
         write("\"");
         write(name.data(), name.size());
-        write("\": ");
+        write(m_compact ? "\":" : "\": ");
     }
     m_afterKey = true;
 }
@@ -113,10 +120,50 @@ void JsonStream::value(const QJsonValue &value)
     default:
         break;
     }
+    if (value.isDouble()) {
+        // Whole numbers, by far the most common, are written as QJsonDocument writes them.
+        const double number = value.toDouble();
+        if (number == static_cast<double>(static_cast<qint64>(number)) && qAbs(number) < 9007199254740992.0
+            && !(number == 0 && std::signbit(number)))
+            return write(QByteArray::number(static_cast<qint64>(number)));
+    } else if (value.isString()) {
+        // A string of printable ASCII without quote or backslash needs no escape.
+        const QString text = value.toString();
+        const auto plain = [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7f && c != QLatin1Char('"') && c != QLatin1Char('\\'); };
+        if (std::all_of(text.begin(), text.end(), plain)) {
+            write("\"");
+            write(text.toLatin1());
+            return write("\"");
+        }
+    }
     // QJsonDocument writes arrays and objects only; the brackets of the one-element array are
     // taken off again.
     const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     write(text.mid(1, text.size() - 2));
+}
+
+void JsonStream::tree(const QJsonValue &value, ItemBudget *budget)
+{
+    if (value.isObject()) {
+        const QJsonObject object = value.toObject();
+        beginObject();
+        for (auto it = object.begin(); it != object.end(); ++it) {
+            const QByteArray name = it.key().toUtf8();
+            key(QLatin1String(name.constData(), name.size()));
+            tree(it.value(), budget);
+        }
+        endObject();
+    } else if (value.isArray()) {
+        const QJsonArray array = value.toArray();
+        beginArray();
+        for (const QJsonValue &element : array) {
+            if (!budget || budget->take())
+                tree(element, budget);
+        }
+        endArray();
+    } else {
+        this->value(value);
+    }
 }
 
 void JsonStream::number(qint64 number)

@@ -21,8 +21,11 @@ namespace sigdbtool {
 class JsonStream
 {
 public:
+    enum Layout { Indented, Compact };
+
     /// Writes to \a device; a null device throws every byte away (the structure is still kept).
-    explicit JsonStream(QIODevice *device);
+    /// Compact writes everything on one line, without blanks.
+    explicit JsonStream(QIODevice *device, Layout layout = Indented);
     ~JsonStream();
     JsonStream(const JsonStream &) = delete;
     JsonStream &operator=(const JsonStream &) = delete;
@@ -36,6 +39,9 @@ public:
 
     /// Any value; objects and arrays given this way are written on one line.
     void value(const QJsonValue &value);
+    /// Any value, objects and arrays laid out like the rest of the document; with a \a budget,
+    /// every array element is an item of it.
+    void tree(const QJsonValue &value, class ItemBudget *budget = nullptr);
     void number(qint64 number);
     /// Bytes as a string of hex pairs separated by blanks, written in bounded pieces.
     void hexValue(const char *data, qint64 size);
@@ -66,11 +72,52 @@ private:
     void writeIndent();
 
     QIODevice *m_device;
+    bool m_compact;
     QByteArray m_buffer;
     std::vector<Container> m_containers;
     bool m_afterKey = false;
     bool m_keyWritten = false;
     bool m_muted = false;
+};
+
+/// Counts the items (list entries, frames, blocks) written against the maximum asked for;
+/// beyond it the stream is muted and the items are only counted. What follows the items is
+/// written again once the budget is finished.
+class ItemBudget
+{
+public:
+    /// \a maxItems below 0: no maximum.
+    ItemBudget(JsonStream &out, qint64 maxItems)
+        : m_out(out)
+        , m_left(maxItems)
+    {
+    }
+    ItemBudget(const ItemBudget &) = delete;
+    ItemBudget &operator=(const ItemBudget &) = delete;
+    ~ItemBudget() { finish(); }
+
+    /// Called before each item; whether it is written (an item left out need not be produced
+    /// at all, as the stream would drop it).
+    bool take()
+    {
+        if (m_left == 0)
+            m_out.mute();
+        if (m_out.isMuted()) {
+            ++m_leftOut;
+            return false;
+        }
+        if (m_left > 0)
+            --m_left;
+        return true;
+    }
+    /// The items are over: the stream writes again.
+    void finish() { m_out.unmute(); }
+    qint64 leftOut() const { return m_leftOut; }
+
+private:
+    JsonStream &m_out;
+    qint64 m_left;
+    qint64 m_leftOut = 0;
 };
 
 } // namespace sigdbtool

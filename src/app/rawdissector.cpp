@@ -99,39 +99,6 @@ void beginItem(JsonStream &out, qint64 offset, QLatin1String idName, qint32 id, 
     out.number(size);
 }
 
-// Counts the items written against the maximum asked for; beyond it the stream is muted and
-// the items are only counted.
-class ItemBudget
-{
-public:
-    ItemBudget(JsonStream &out, qint64 maxItems)
-        : m_out(out)
-        , m_left(maxItems)
-    {
-    }
-    ItemBudget(const ItemBudget &) = delete;
-    ItemBudget &operator=(const ItemBudget &) = delete;
-    /// What follows the items is written again.
-    ~ItemBudget() { m_out.unmute(); }
-
-    /// Called before each item is written.
-    void take()
-    {
-        if (m_left == 0)
-            m_out.mute();
-        if (m_out.isMuted())
-            ++m_leftOut;
-        else if (m_left > 0)
-            --m_left;
-    }
-    qint64 leftOut() const { return m_leftOut; }
-
-private:
-    JsonStream &m_out;
-    qint64 m_left;
-    qint64 m_leftOut = 0;
-};
-
 // Follows the block headers from begin to end, calling onBlock(offset, index, size) for each
 // block that fits. The values are not looked at, so this takes time in proportion to the
 // number of blocks.

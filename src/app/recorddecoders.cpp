@@ -1,5 +1,6 @@
 #include "recorddecoders.h"
 
+#include "jsonstream.h"
 #include "middlewarejson.h"
 #include "rawdissector.h"
 #include "recordjson.h"
@@ -10,6 +11,8 @@
 #include "core/elementlist.h"
 #include "core/sigdbelementdetails.h"
 #include "element/elementdetailslist.h"
+#include "network/callsigntable.h"
+#include "network/callsigntabletext.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
@@ -20,6 +23,8 @@
 #include "middleware/versionrecords.h"
 #include "query/queryrequest.h"
 #include "io/columnstream.h"
+
+#include <memory>
 
 namespace sigdbtool {
 
@@ -49,17 +54,10 @@ bool readColumnRecord(LinkChangeDefinition &change, ColumnReader &reader)
     return read;
 }
 
-// Decodes a column-stream record the way the answer dispatch does: a fresh record numbered
-// from 0, read with its own decoder, and nothing may be left over.
-template <typename Record>
-DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
+// How reading a column-stream record ended, told the way the tool tells it.
+DecodeResult columnOutcome(bool read, const ColumnReader &reader, const QString &name)
 {
-    Record record;
-    record.setIDs(0);
-    ColumnReader reader(data);
     DecodeResult result;
-    const bool read = readColumnRecord(record, reader);
-    result.value = toJson(record);
     if (!read && reader.nestedTooDeep()) {
         result.offset = reader.offset();
         result.error = QStringLiteral("%1 did not decode: its records nest too deep (more than %2 levels) "
@@ -81,6 +79,76 @@ DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
     } else {
         result.ok = true;
     }
+    return result;
+}
+
+// Decodes a column-stream record the way the answer dispatch does: a fresh record numbered
+// from 0, read with its own decoder, and nothing may be left over.
+template <typename Record>
+DecodeResult decodeColumnRecord(const QByteArray &data, const QString &name)
+{
+    auto record = std::make_shared<Record>();
+    record->setIDs(0);
+    ColumnReader reader(data);
+    const bool read = readColumnRecord(*record, reader);
+    DecodeResult result = columnOutcome(read, reader, name);
+    result.writeValue = [record](JsonStream &out, ItemBudget &budget) { writeJson(out, budget, *record); };
+    return result;
+}
+
+// Drops every record of a callsign table text; only whether the text reads counts.
+class DroppedTable : public CallsignTableText::Visitor
+{
+public:
+    void connection(ConnectionEntry &&) override {}
+    void beginSet(CallsignSet &&) override {}
+    void entry(CallsignEntry &&) override {}
+    void endSet() override {}
+    void overview(ElementOverview &&) override {}
+};
+
+// An element details list is never held whole: the callsign table text of one detail can stand
+// for millions of connections. It is read twice, one detail at a time: once to learn whether
+// and where it fails and how many details read in full, and once more to write those. What is
+// written is what the library's own decoder keeps.
+template <>
+DecodeResult decodeColumnRecord<ElementDetailsList>(const QByteArray &data, const QString &name)
+{
+    qint64 complete = 0;
+    ElementDetailsList list;
+    list.setIDs(0);
+    ColumnReader reader(data);
+    const bool read = list.readEach(reader, [&complete](ElementDetails &, const QByteArray &tableText) {
+        DroppedTable dropped;
+        if (!CallsignTableText::readUtf8(tableText, dropped))
+            return false;
+        ++complete;
+        return true;
+    });
+    DecodeResult result = columnOutcome(read, reader, name);
+    result.writeValue = [data, complete](JsonStream &out, ItemBudget &budget) {
+        ElementDetailsList written;
+        written.setIDs(0);
+        ColumnReader again(data);
+        qint64 details = 0;
+        // The fields of an element details list's JSON form: its details, then its list number
+        // (which is known before the first detail, but written after the last).
+        out.beginObject();
+        out.key(QLatin1String("details"));
+        out.beginArray();
+        written.readEach(again, [&](ElementDetails &detail, const QByteArray &tableText) {
+            if (details++ == complete)
+                return false;
+            if (budget.take())
+                writeJson(out, budget, detail, tableText);
+            return true;
+        });
+        out.endArray();
+        budget.finish();
+        out.key(QLatin1String("listNumber"));
+        out.value(toJson(written.listNumber()));
+        out.endObject();
+    };
     return result;
 }
 
@@ -125,7 +193,9 @@ DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
         result.error = QStringLiteral("%1 did not decode: %2 (in the block at byte offset %3)")
                            .arg(name, error, QString::number(stoppedAt));
     }
-    result.value = middlewareToJson(record);
+    result.writeValue = [value = QJsonValue(middlewareToJson(record))](JsonStream &out, ItemBudget &budget) {
+        out.tree(value, &budget);
+    };
     if (result.ok) {
         // The library takes a stream that ends inside a block (what was read stays); for
         // someone looking at captured bytes that is a cut capture and worth failing on.

@@ -11,14 +11,18 @@
 
 namespace sigdbtool {
 
-/// What decoding bytes as one record gave: the record as JSON (as far as it was decoded) and,
-/// on failure, where and why it stopped.
+class ItemBudget;
+class JsonStream;
+
+/// What decoding bytes as one record gave: whether it worked and, on failure, where and why it
+/// stopped; and the writer of the record's JSON (as far as it was decoded), which writes it
+/// while it is produced.
 struct DecodeResult
 {
     bool ok = false;
-    QJsonValue value;
     qint64 offset = -1;
     QString error;
+    std::function<void(JsonStream &out, ItemBudget &budget)> writeValue;
 };
 
 /// Which side of the interface a record travels on under an order type.

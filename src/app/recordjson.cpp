@@ -12,6 +12,8 @@
 #include "element/elementoverviewlist.h"
 #include "link/linkchangedefinition.h"
 #include "network/callsigntable.h"
+#include "network/callsigntabletext.h"
+#include "jsonstream.h"
 #include "query/queryrequest.h"
 
 #include <QRegularExpression>
@@ -250,8 +252,7 @@ void fromJson(JsonReader &reader, const QJsonValue &json, std::string &value)
     });
 }
 
-// A query request shows only the columns that filter or sort (defined with the layouts).
-QJsonValue toJson(const sigdb::QueryColumns &columns);
+// A query request's columns are read by name (defined with the layouts).
 void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::QueryColumns &columns);
 
 // ---------------------------------------------------------------------------------------------
@@ -312,10 +313,21 @@ auto &elementPart(Record &record)
 
 // Writing and reading of anything a layout hands out.
 
+/// Where the writers write: the stream, the budget of list entries shown, and for element
+/// details an optional writer of the callsign table, which then takes the place of the table
+/// the record holds.
+struct JsonSink
+{
+    JsonStream &out;
+    ItemBudget &budget;
+    const std::function<void()> *writeTable = nullptr;
+};
+
 template <typename Record, typename = std::enable_if_t<HasLayout<Record>::value>>
-QJsonValue layoutToJson(const Record &record);
+void layoutToJson(JsonSink &sink, const Record &record);
 template <typename Record, typename = std::enable_if_t<HasLayout<Record>::value>>
 void layoutFromJson(JsonReader &reader, const QJsonValue &json, Record &record);
+void queryColumnsToJson(JsonSink &sink, const QueryColumns &columns);
 
 template <typename T>
 struct IsProperty : std::false_type
@@ -335,17 +347,30 @@ struct IsVector<std::vector<T>> : std::true_type
 {
 };
 
+/// Writes a field's value while it is produced; every array element is an item of the budget.
 template <typename Value>
-QJsonValue fieldToJson(const Value &value)
+void fieldToJson(JsonSink &sink, const Value &value)
 {
     if constexpr (IsProperty<Value>::value) {
-        return fieldToJson(value.get());
+        fieldToJson(sink, value.get());
     } else if constexpr (IsVector<Value>::value) {
-        return writeArray(value, [](const auto &entry) { return fieldToJson(entry); });
+        sink.out.beginArray();
+        for (const auto &entry : value) {
+            if (sink.budget.take())
+                fieldToJson(sink, entry);
+        }
+        sink.out.endArray();
+    } else if constexpr (std::is_same<Value, CallsignTable>::value) {
+        if (sink.writeTable)
+            (*sink.writeTable)();
+        else
+            layoutToJson(sink, value);
+    } else if constexpr (std::is_same<Value, QueryColumns>::value) {
+        queryColumnsToJson(sink, value);
     } else if constexpr (HasLayout<Value>::value) {
-        return layoutToJson(value);
+        layoutToJson(sink, value);
     } else {
-        return toJson(value);
+        sink.out.value(toJson(value));
     }
 }
 
@@ -367,13 +392,14 @@ void fieldFromJson(JsonReader &reader, const QJsonValue &json, Value &value)
 }
 
 template <typename Record, typename>
-QJsonValue layoutToJson(const Record &record)
+void layoutToJson(JsonSink &sink, const Record &record)
 {
-    QJsonObject object;
-    Layout<Record>::visit(record, [&object](const char *name, auto &&field) {
-        object.insert(QLatin1String(name), fieldToJson(field));
+    sink.out.beginObject();
+    Layout<Record>::visit(record, [&sink](const char *name, auto &&field) {
+        sink.out.key(QLatin1String(name));
+        fieldToJson(sink, field);
     });
-    return object;
+    sink.out.endObject();
 }
 
 template <typename Record, typename>
@@ -731,20 +757,26 @@ struct Layout<ElementDetailsList>
 
 } // namespace
 
+namespace {
+
 // A query request shows only the columns that filter or sort; every other one is NULL and
 // unsorted, and reads back so when it is left out.
-QJsonValue toJson(const sigdb::QueryColumns &columns)
+void queryColumnsToJson(JsonSink &sink, const QueryColumns &columns)
 {
-    QJsonObject object;
+    sink.out.beginObject();
     int position = 0;
-    const auto addColumn = [&object, &position](const auto &column) {
-        const QString name = QString::fromLatin1(QueryRequest::columnName(position++));
-        if (!column.isNull() || column.orderBy() || column.ascending())
-            object.insert(name, layoutToJson(column));
+    const auto addColumn = [&sink, &position](const auto &column) {
+        const char *name = QueryRequest::columnName(position++);
+        if (!column.isNull() || column.orderBy() || column.ascending()) {
+            sink.out.key(QLatin1String(name));
+            layoutToJson(sink, column);
+        }
     };
     std::apply([&addColumn](const auto &...column) { (addColumn(column), ...); }, columns);
-    return object;
+    sink.out.endObject();
 }
+
+} // namespace
 
 void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::QueryColumns &columns)
 {
@@ -769,9 +801,9 @@ void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::QueryColumns &c
 namespace {
 
 // An element list is its entries and nothing else: a bare array.
-QJsonValue recordToJson(const ElementList &list)
+void recordToJson(JsonSink &sink, const ElementList &list)
 {
-    return fieldToJson(list.container());
+    fieldToJson(sink, list.container());
 }
 
 void recordFromJson(JsonReader &reader, const QJsonValue &json, ElementList &list)
@@ -780,9 +812,9 @@ void recordFromJson(JsonReader &reader, const QJsonValue &json, ElementList &lis
 }
 
 template <typename Record>
-QJsonValue recordToJson(const Record &record)
+void recordToJson(JsonSink &sink, const Record &record)
 {
-    return layoutToJson(record);
+    layoutToJson(sink, record);
 }
 
 template <typename Record>
@@ -791,15 +823,99 @@ void recordFromJson(JsonReader &reader, const QJsonValue &json, Record &record)
     layoutFromJson(reader, json, record);
 }
 
+/// Writes the records of a callsign table text as the JSON of a table (the fields of the
+/// table's and the set's layouts above), one record at a time: a short text can stand for
+/// millions of records.
+class TableJsonWriter : public CallsignTableText::Visitor
+{
+public:
+    explicit TableJsonWriter(JsonSink &sink)
+        : m_sink(sink)
+    {
+        m_sink.out.beginObject();
+        m_sink.out.key(QLatin1String("connections"));
+        m_sink.out.beginArray();
+    }
+
+    void connection(ConnectionEntry &&connection) override
+    {
+        if (m_sink.budget.take())
+            layoutToJson(m_sink, connection);
+    }
+    void beginSet(CallsignSet &&set) override
+    {
+        startSets();
+        m_sink.budget.take();
+        m_sink.out.beginObject();
+        m_sink.out.key(QLatin1String("firstValue"));
+        fieldToJson(m_sink, set.firstValue);
+        m_sink.out.key(QLatin1String("secondValue"));
+        fieldToJson(m_sink, set.secondValue);
+        m_sink.out.key(QLatin1String("entries"));
+        m_sink.out.beginArray();
+    }
+    void entry(CallsignEntry &&entry) override
+    {
+        if (m_sink.budget.take())
+            layoutToJson(m_sink, entry);
+    }
+    void endSet() override
+    {
+        m_sink.out.endArray();
+        m_sink.out.endObject();
+    }
+    /// Comes last, always.
+    void overview(ElementOverview &&overview) override
+    {
+        startSets();
+        m_sink.out.endArray();
+        m_sink.out.key(QLatin1String("overview"));
+        layoutToJson(m_sink, overview);
+        m_sink.out.endObject();
+    }
+
+private:
+    void startSets()
+    {
+        if (m_inSets)
+            return;
+        m_inSets = true;
+        m_sink.out.endArray();
+        m_sink.out.key(QLatin1String("sets"));
+        m_sink.out.beginArray();
+    }
+
+    JsonSink &m_sink;
+    bool m_inSets = false;
+};
+
 } // namespace
 
 #define SIGDB_APP_DEFINE_RECORD_JSON(Record)                                                   \
-    QJsonValue toJson(const sigdb::Record &record) { return recordToJson(record); }           \
+    void writeJson(JsonStream &out, ItemBudget &budget, const sigdb::Record &record)          \
+    {                                                                                          \
+        JsonSink sink{out, budget};                                                            \
+        recordToJson(sink, record);                                                            \
+    }                                                                                          \
     void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::Record &record)          \
     {                                                                                          \
         recordFromJson(reader, json, record);                                                 \
     }
 SIGDB_APP_JSON_RECORDS(SIGDB_APP_DEFINE_RECORD_JSON)
 #undef SIGDB_APP_DEFINE_RECORD_JSON
+
+bool writeJson(JsonStream &out, ItemBudget &budget, const sigdb::ElementDetails &details,
+               const QByteArray &tableText)
+{
+    bool tableRead = true;
+    JsonSink sink{out, budget};
+    const std::function<void()> writeTable = [&sink, &tableText, &tableRead] {
+        TableJsonWriter writer(sink);
+        tableRead = CallsignTableText::readUtf8(tableText, writer);
+    };
+    sink.writeTable = &writeTable;
+    layoutToJson(sink, details);
+    return tableRead;
+}
 
 } // namespace sigdbtool

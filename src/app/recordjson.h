@@ -23,10 +23,14 @@ class ElementOverviewList;
 class QueryRequestList;
 class PlotEntryList;
 class LinkChangeDefinition;
+class ElementDetails;
 class ElementDetailsList;
 } // namespace sigdb
 
 namespace sigdbtool {
+
+class ItemBudget;
+class JsonStream;
 
 // JSON forms of the records, shared by inspect (record to JSON) and encode (JSON to record).
 // Column values are JSON null while NULL. Numbers that JSON cannot hold exactly travel as
@@ -186,11 +190,19 @@ void readObject(JsonReader &reader, const QJsonValue &json, const QStringList &n
     RECORD(LinkChangeDefinition)                                                               \
     RECORD(ElementDetailsList)
 
+// Each record is written while it is produced (never held as a JSON tree); every array element
+// at any depth is an item of \a budget.
 #define SIGDB_APP_DECLARE_RECORD_JSON(Record)                                                  \
-    QJsonValue toJson(const sigdb::Record &record);                                           \
+    void writeJson(JsonStream &out, ItemBudget &budget, const sigdb::Record &record);         \
     void fromJson(JsonReader &reader, const QJsonValue &json, sigdb::Record &record);
 SIGDB_APP_JSON_RECORDS(SIGDB_APP_DECLARE_RECORD_JSON)
 #undef SIGDB_APP_DECLARE_RECORD_JSON
+
+/// Writes one element details record with the callsign table of \a tableText (UTF-8, as it
+/// travels), read record by record, in place of the table the record holds; false when the
+/// text is malformed (what did read is written all the same).
+bool writeJson(JsonStream &out, ItemBudget &budget, const sigdb::ElementDetails &details,
+               const QByteArray &tableText);
 
 } // namespace sigdbtool
 

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <limits>
+#include <optional>
 #include <type_traits>
 
 namespace sigdb {
@@ -376,7 +377,16 @@ bool readEntries(const QString &text, Take take)
     if (text.isEmpty())
         return true;
     bool allRead = true;
+    // An empty part is a record of NULL values, and a text can hold millions of them: it is
+    // read once and copied from then on.
+    std::optional<Entry> emptyPart;
     Layout<Entry>::listLevel().forEachPart(text, [&](const QString &part) {
+        if (part.isEmpty()) {
+            if (!emptyPart)
+                allRead = readRecord(part, emptyPart.emplace()) && allRead;
+            take(Entry(*emptyPart));
+            return true;
+        }
         Entry entry;
         allRead = readRecord(part, entry) && allRead;
         take(std::move(entry));
@@ -488,6 +498,9 @@ CallsignTableText::Visitor::~Visitor() = default;
 bool CallsignTableText::read(const QString &text, CallsignTable &table)
 {
     table.reset();
+    // Room for the connections at once, rather than in steps that each move all of them: no
+    // more than the text has list join strings (those of the set list included).
+    table.connections.container().reserve(static_cast<size_t>(text.count(QLatin1String("#$"))) + 1);
     TableBuilder builder(table);
     return readTable(text, builder);
 }
