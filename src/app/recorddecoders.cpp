@@ -115,17 +115,24 @@ template <>
 DecodeResult decodeColumnRecord<ElementDetailsList>(const QByteArray &data, const QString &name)
 {
     qint64 complete = 0;
+    bool tableMalformed = false;
     ElementDetailsList list;
     list.setIDs(0);
     ColumnReader reader(data);
-    const bool read = list.readEach(reader, [&complete](ElementDetails &, const QByteArray &tableText) {
+    const bool read = list.readEach(reader, [&](ElementDetails &, const QByteArray &tableText) {
         DroppedTable dropped;
-        if (!CallsignTableText::readUtf8(tableText, dropped))
-            return false;
-        ++complete;
-        return true;
+        tableMalformed = !CallsignTableText::readUtf8(tableText, dropped);
+        complete += tableMalformed ? 0 : 1;
+        return !tableMalformed;
     });
     DecodeResult result = columnOutcome(read, reader, name);
+    if (tableMalformed) {
+        result.error = QStringLiteral("%1 did not decode: the callsign table text of detail %2, ending at "
+                                      "byte offset %3, is malformed")
+                           .arg(name)
+                           .arg(complete)
+                           .arg(reader.offset());
+    }
     result.writeValue = [data, complete](JsonStream &out, ItemBudget &budget) {
         ElementDetailsList written;
         written.setIDs(0);

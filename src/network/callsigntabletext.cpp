@@ -500,7 +500,7 @@ bool CallsignTableText::read(const QString &text, CallsignTable &table)
     table.reset();
     // Room for the connections at once, rather than in steps that each move all of them: no
     // more than the text has list join strings (those of the set list included).
-    table.connections.container().reserve(static_cast<size_t>(text.count(QLatin1String("#$"))) + 1);
+    table.connections.container().reserve(static_cast<size_t>(text.count(QStringLiteral("#$"))) + 1);
     TableBuilder builder(table);
     return readTable(text, builder);
 }

@@ -6,12 +6,14 @@
 #include "element/elementdetailslist.h"
 #include "element/elementoverview.h"
 #include "element/elementoverviewlist.h"
+#include "io/columnstream.h"
 #include "link/linkchangedefinition.h"
 #include "middleware/inforecords.h"
 #include "middleware/lockrecords.h"
 #include "middleware/maintenancerecords.h"
 #include "middleware/namevaluerecords.h"
 #include "middleware/versionrecords.h"
+#include "network/callsigntable.h"
 #include "query/queryrequest.h"
 
 #include "testsupport.h"
@@ -530,6 +532,116 @@ TEST(ToolHostileInput, ItemsBeyondTheMaximumInsideARecordLeaveAValidReport)
     EXPECT_TRUE(json[QStringLiteral("ok")].toBool());
 }
 
+namespace {
+
+// A list of blank element details whose callsign tables travel as the texts given, one per
+// detail: a detail's table is its last frame, one text frame under tag 1111.
+QByteArray detailsWithTableTexts(const std::vector<QByteArray> &texts)
+{
+    const auto textFrame = [](const QByteArray &text) {
+        QByteArray frame;
+        sigdb::ColumnWriter writer(frame);
+        writer.writeTextField(sigdb::ElementDetailsList::CallsignTableTag, text);
+        writer.finish();
+        return frame;
+    };
+    sigdb::ElementDetailsList list;
+    for (size_t i = 0; i < texts.size(); ++i)
+        list.appendDetails(sigdb::ElementDetails());
+    const QByteArray blank = encoded(list);
+    const QByteArray blankFrame = textFrame(sigdb::CallsignTable().toUtf8Text());
+    QByteArray bytes;
+    int from = 0;
+    for (const QByteArray &text : texts) {
+        const int at = blank.indexOf(blankFrame, from);
+        bytes += blank.mid(from, at - from) + textFrame(text);
+        from = at + blankFrame.size();
+    }
+    return bytes + blank.mid(from);
+}
+
+QByteArray separators(int count)
+{
+    return QByteArray("#$").repeated(count) + sigdb::CallsignTable().toUtf8Text();
+}
+
+} // namespace
+
+TEST(ToolHostileInput, ACallsignTableTextOfSeparatorsIsOneConnectionPerPart)
+{
+    const QByteArray bytes = detailsWithTableTexts({separators(300)});
+    const ToolRun all = runTool(args({"inspect", "--order-type", "5004", "--max-items", "all"}), bytes);
+    ASSERT_EQ(all.exitCode, 0) << all.err.toStdString();
+    EXPECT_TRUE(all.err.isEmpty());
+    const QJsonValue value = all.json()[QStringLiteral("value")];
+    const QJsonObject table = value[QStringLiteral("details")][0][QStringLiteral("callsignTable")].toObject();
+    const QJsonArray connections = table[QStringLiteral("connections")].toArray();
+    ASSERT_EQ(connections.size(), 301);
+    EXPECT_TRUE(connections[300][QStringLiteral("connectionFlag")].isNull()) << "an empty part is all NULL";
+    EXPECT_TRUE(connections[300][QStringLiteral("from")][QStringLiteral("overview")][QStringLiteral("keyText1")].isNull());
+    EXPECT_EQ(table.keys(), (QStringList{QStringLiteral("connections"), QStringLiteral("overview"), QStringLiteral("sets")}));
+}
+
+TEST(ToolHostileInput, ConnectionsBeyondTheMaximumAreCountedAndTheReportStaysValid)
+{
+    const QByteArray bytes = detailsWithTableTexts({separators(5000)});
+    const ToolRun run = runTool(args({"inspect", "--order-type", "5004", "--max-items", "30"}), bytes);
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonObject json = run.json();
+    ASSERT_FALSE(json.isEmpty()) << "a valid document";
+    EXPECT_TRUE(json[QStringLiteral("ok")].toBool());
+    const QJsonValue detail = json[QStringLiteral("value")][QStringLiteral("details")][0];
+    const int shown = detail[QStringLiteral("callsignTable")][QStringLiteral("connections")].toArray().size();
+    EXPECT_GT(shown, 0);
+    EXPECT_LT(shown, 30);
+    const int leftOut = json[QStringLiteral("itemsLeftOut")].toInt();
+    EXPECT_EQ(leftOut, 5001 - shown) << "every connection not shown is counted";
+    EXPECT_EQ(run.err, QByteArray("note: ") + QByteArray::number(leftOut) + " more items are left out (--max-items)\n");
+    EXPECT_EQ(json[QStringLiteral("value")][QStringLiteral("listNumber")].toInt(), 0);
+}
+
+TEST(ToolHostileInput, TheDefaultMaximumOfItemsIsAHundredThousand)
+{
+    // 100,002 entries of one set: no connection, one set of empty entries.
+    const QByteArray text = QByteArray("#%#\xEF\xBF\xBD#\xEF\xBF\xBD") + QByteArray("#~").repeated(100001) + "#%";
+    const ToolRun run = runTool(args({"inspect", "--order-type", "5004"}), detailsWithTableTexts({text}));
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const int leftOut = run.json()[QStringLiteral("itemsLeftOut")].toInt();
+    EXPECT_GT(leftOut, 0);
+    EXPECT_LT(leftOut, 100);
+    EXPECT_TRUE(run.err.startsWith("note: ")) << run.err.toStdString();
+}
+
+TEST(ToolHostileInput, AMalformedTableTextFailsItsDetailAndShowsTheOnesBefore)
+{
+    const QByteArray bytes = detailsWithTableTexts({separators(2), "#%#%net:4:0", separators(1)});
+    const ToolRun run = runTool(args({"inspect", "--order-type", "5004"}), bytes);
+    EXPECT_EQ(run.exitCode, 1);
+    const QJsonObject json = run.json();
+    EXPECT_FALSE(json[QStringLiteral("ok")].toBool());
+    const QJsonArray decoded = json[QStringLiteral("decoded")][QStringLiteral("details")].toArray();
+    ASSERT_EQ(decoded.size(), 1) << "as the library's decoder keeps it: the details before the failure";
+    EXPECT_EQ(decoded[0][QStringLiteral("callsignTable")][QStringLiteral("connections")].toArray().size(), 3);
+    const int end = json[QStringLiteral("offset")].toInt();
+    EXPECT_GT(end, 0);
+    EXPECT_LT(end, bytes.size());
+    EXPECT_EQ(run.err, QStringLiteral("error: ElementDetailsList did not decode: the callsign table text of detail 1, "
+                                      "ending at byte offset %1, is malformed\n")
+                           .arg(end)
+                           .toUtf8());
+}
+
+TEST(ToolHostileInput, ADetailsListCutShortShowsTheDetailsBefore)
+{
+    const QByteArray bytes = detailsWithTableTexts({separators(1), separators(2)});
+    const ToolRun run = runTool(args({"inspect", "--order-type", "5004"}), bytes.left(bytes.size() - 3));
+    EXPECT_EQ(run.exitCode, 1);
+    const QJsonValue decoded = run.json()[QStringLiteral("decoded")];
+    EXPECT_EQ(decoded[QStringLiteral("details")].toArray().size(), 1);
+    EXPECT_TRUE(run.err.startsWith("error: ElementDetailsList did not decode: the frame ending at byte offset"))
+        << run.err.toStdString();
+}
+
 TEST(ToolHostileInput, InputBeyondTheMaximumIsRefused)
 {
     const ToolRun run = runTool(args({"inspect", "--raw", "column", "--max-input", "1K"}), QByteArray(1025, '\0'));
@@ -551,6 +663,7 @@ TEST(ToolHostileInput, MaximaMustBeSizes)
     EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-input", "lots"})).exitCode, 2);
     EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-input", "2G"})).exitCode, 2);
     EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-items", "-1"})).exitCode, 2);
+    EXPECT_EQ(runTool(args({"inspect", "--raw", "column", "--max-items", "some"})).exitCode, 2);
 }
 
 TEST(Tool, NoCommandPrintsTheUsage)
