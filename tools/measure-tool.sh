@@ -10,6 +10,9 @@
 #   blocks  blocks ffffffff00000000 (an obsolete property, skipped) and then 0000000500000000,
 #           which a middleware record fails on at the very end
 #   zeros   zero bytes: the most frames and blocks the bytes can hold
+#   separators
+#           an element details answer (5004) whose callsign table text is "#$" over and over:
+#           every two bytes are one whole connection of NULL values
 # Output: family, mode, input bytes, exit status, seconds, peak resident MiB, peak / input.
 set -euo pipefail
 tool=${1:-build/default/bin/sigdbref}
@@ -31,6 +34,22 @@ if family == 'nested':
     data = struct.pack('>ii', 0, len(x)) + x
 elif family == 'blocks':
     data = bytes.fromhex('ffffffff00000000') * (size // 8 - 1) + bytes.fromhex('0000000500000000')
+elif family == 'separators':
+    # A list of one blank element detail; its last frame is the callsign table text (tag 1111,
+    # size, C string), here given a text of separators in front of the blank table's text.
+    blank = bytes.fromhex(
+        '00010001000001000800000000000000010001000200010002000200000002000000040002000000050002000000'
+        '06000200000007000200000003000000040000111e00020013000000000000000000000000000000000000000000'
+        '00000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000'
+        '00000000000000000010650002000012670002000012690001001268000000010002000000020002000000090000'
+        '000400020000000500020000000600020000000700020000000a0000000b0000000c0000000d0000000100080000'
+        '000000000000000100020000000200020000000e0000000400020000000500020000000600020000000700020000'
+        '000f0000001000000001000800000000000000000002000200000008000800000000000000000003000800000000'
+        '00000000000400080000000000000000001100010100120000001300000014000000150000001600000017000000'
+        '18000000190000')
+    table = b'#%#%0::0#~0::0' + b'#~' * 15
+    text = b'#$' * ((size - len(blank) - 9 - len(table)) // 2) + table
+    data = blank + struct.pack('>hhI', 1111, -1, len(text) + 1) + text + b'\0'
 else:
     data = bytes(size)
 open(path, 'wb').write(data)
@@ -60,6 +79,8 @@ while (( mib <= largest )); do
         measure "$family" "$size" --raw property
         measure "$family" "$size" --record ProductVersion
     done
+    measure separators "$size" --order-type 5004
+    measure separators "$size" --order-type 5004 --max-items all
     mib=$(( mib * 4 ))
 done
 
