@@ -2,6 +2,7 @@
 // <directory>/<harness>/. Run at build time; nothing of it is checked in.
 
 #include "fuzztargets.h"
+#include "recorddecoders.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,6 +78,20 @@ int main(int argc, char *argv[])
     };
     writeToolSeeds(sigdbfuzz::requestTargets(), 1);
     writeToolSeeds(sigdbfuzz::middlewareTargets(), 2);
+    // Records (3): every record of the tool with the samples of the fuzz target of its name.
+    const auto &decoders = sigdbtool::recordDecoders();
+    for (size_t index = 0; index < decoders.size(); ++index) {
+        for (const auto *targets : {&sigdbfuzz::requestTargets(), &sigdbfuzz::middlewareTargets()}) {
+            for (const sigdbfuzz::Target &target : *targets) {
+                if (target.name != decoders[index].name)
+                    continue;
+                for (const QByteArray &bytes : target.samples()) {
+                    written += writeSeed(root + QStringLiteral("/tool"), QStringLiteral("tool-%1").arg(n++),
+                                         prefixed(3, prefixed(static_cast<quint8>(index), bytes)));
+                }
+            }
+        }
+    }
     std::printf("%d seeds written to %s\n", written, argv[1]);
     return written > 0 ? 0 : 1;
 }

@@ -35,6 +35,34 @@ QString directionName(Direction direction)
 
 namespace {
 
+// Whether the bytes decoded, and where and why not.
+void writeOutcome(JsonStream &json, bool ok, qint64 offset, const QString &error)
+{
+    json.key(QLatin1String("ok"));
+    json.value(ok);
+    if (!ok) {
+        json.key(QLatin1String("offset"));
+        json.number(offset);
+        json.key(QLatin1String("error"));
+        json.value(error);
+    }
+}
+
+// Items a report leaves out are counted in it and said on the error stream.
+void writeItemsLeftOut(JsonStream &json, qint64 itemsLeftOut)
+{
+    if (itemsLeftOut > 0) {
+        json.key(QLatin1String("itemsLeftOut"));
+        json.number(itemsLeftOut);
+    }
+}
+
+void noteItemsLeftOut(QTextStream &err, qint64 itemsLeftOut)
+{
+    if (itemsLeftOut > 0)
+        err << "note: " << itemsLeftOut << " more items are left out (--max-items)\n";
+}
+
 // The items are written while they are found; what is known only at the end follows them.
 int printRaw(const QString &format, const QByteArray &data, qint64 maxItems, QTextStream &out,
              QTextStream &err)
@@ -51,22 +79,11 @@ int printRaw(const QString &format, const QByteArray &data, qint64 maxItems, QTe
         json.key(QLatin1String("items"));
         dissection = format == QLatin1String("column") ? dissectColumnFrames(data, json, maxItems)
                                                        : dissectPropertyBlocks(data, json, maxItems);
-        if (dissection.itemsLeftOut > 0) {
-            json.key(QLatin1String("itemsLeftOut"));
-            json.number(dissection.itemsLeftOut);
-        }
-        json.key(QLatin1String("ok"));
-        json.value(dissection.complete);
-        if (!dissection.complete) {
-            json.key(QLatin1String("offset"));
-            json.number(dissection.errorOffset);
-            json.key(QLatin1String("error"));
-            json.value(dissection.error);
-        }
+        writeItemsLeftOut(json, dissection.itemsLeftOut);
+        writeOutcome(json, dissection.complete, dissection.errorOffset, dissection.error);
         json.endObject();
     }
-    if (dissection.itemsLeftOut > 0)
-        err << "note: " << dissection.itemsLeftOut << " more items are left out (--max-items)\n";
+    noteItemsLeftOut(err, dissection.itemsLeftOut);
     if (dissection.complete)
         return Exit_Ok;
     err << "error: " << dissection.error << " at byte offset " << dissection.errorOffset << '\n';
@@ -94,28 +111,17 @@ int printRecord(const RecordDecoder &decoder, int orderType, const QByteArray &d
         }
         json.key(QLatin1String("size"));
         json.number(data.size());
-        json.key(QLatin1String("ok"));
-        json.value(result.ok);
-        if (!result.ok) {
-            json.key(QLatin1String("offset"));
-            json.number(result.offset);
-            json.key(QLatin1String("error"));
-            json.value(result.error);
-        }
+        writeOutcome(json, result.ok, result.offset, result.error);
         json.key(result.ok ? QLatin1String("value") : QLatin1String("decoded"));
         {
             ItemBudget budget(json, maxItems);
             result.writeValue(json, budget);
             itemsLeftOut = budget.leftOut();
         }
-        if (itemsLeftOut > 0) {
-            json.key(QLatin1String("itemsLeftOut"));
-            json.number(itemsLeftOut);
-        }
+        writeItemsLeftOut(json, itemsLeftOut);
         json.endObject();
     }
-    if (itemsLeftOut > 0)
-        err << "note: " << itemsLeftOut << " more items are left out (--max-items)\n";
+    noteItemsLeftOut(err, itemsLeftOut);
     if (result.ok)
         return Exit_Ok;
     err << "error: " << result.error << '\n';

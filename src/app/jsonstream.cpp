@@ -3,7 +3,6 @@
 #include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 #include <cmath>
@@ -122,8 +121,9 @@ void JsonStream::value(const QJsonValue &value)
     }
     if (value.isDouble()) {
         // Whole numbers, by far the most common, are written as QJsonDocument writes them.
+        // The range is checked before the conversion, which is undefined beyond it.
         const double number = value.toDouble();
-        if (number == static_cast<double>(static_cast<qint64>(number)) && qAbs(number) < 9007199254740992.0
+        if (std::fabs(number) < 9007199254740992.0 && std::trunc(number) == number
             && !(number == 0 && std::signbit(number)))
             return write(QByteArray::number(static_cast<qint64>(number)));
     } else if (value.isString()) {
@@ -140,30 +140,6 @@ void JsonStream::value(const QJsonValue &value)
     // taken off again.
     const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     write(text.mid(1, text.size() - 2));
-}
-
-void JsonStream::tree(const QJsonValue &value, ItemBudget *budget)
-{
-    if (value.isObject()) {
-        const QJsonObject object = value.toObject();
-        beginObject();
-        for (auto it = object.begin(); it != object.end(); ++it) {
-            const QByteArray name = it.key().toUtf8();
-            key(QLatin1String(name.constData(), name.size()));
-            tree(it.value(), budget);
-        }
-        endObject();
-    } else if (value.isArray()) {
-        const QJsonArray array = value.toArray();
-        beginArray();
-        for (const QJsonValue &element : array) {
-            if (!budget || budget->take())
-                tree(element, budget);
-        }
-        endArray();
-    } else {
-        this->value(value);
-    }
 }
 
 void JsonStream::number(qint64 number)

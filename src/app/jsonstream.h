@@ -39,9 +39,6 @@ public:
 
     /// Any value; objects and arrays given this way are written on one line.
     void value(const QJsonValue &value);
-    /// Any value, objects and arrays laid out like the rest of the document; with a \a budget,
-    /// every array element is an item of it.
-    void tree(const QJsonValue &value, class ItemBudget *budget = nullptr);
     void number(qint64 number);
     /// Bytes as a string of hex pairs separated by blanks, written in bounded pieces.
     void hexValue(const char *data, qint64 size);

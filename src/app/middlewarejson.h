@@ -1,6 +1,7 @@
 #ifndef SIGDB_APP_MIDDLEWAREJSON_H
 #define SIGDB_APP_MIDDLEWAREJSON_H
 
+#include "jsonstream.h"
 #include "recordjson.h"
 
 #include "middleware/propertyrecord.h"
@@ -33,42 +34,52 @@ struct HasProperty<Record, Index,
 };
 
 template <typename Record>
-QJsonObject middlewareToJson(const Record &record);
+void writeMiddlewareJson(JsonStream &out, ItemBudget &budget, const Record &record);
 
 template <typename T>
-QJsonValue propertyValueToJson(const T &value)
+void writePropertyValue(JsonStream &out, ItemBudget &budget, const T &value)
 {
     if constexpr (IsMiddlewareRecord<T>::value) {
-        return middlewareToJson(value);
+        writeMiddlewareJson(out, budget, value);
     } else if constexpr (std::is_enum<T>::value) {
-        return toJson(static_cast<int>(value));
+        out.value(toJson(static_cast<int>(value)));
     } else {
-        return toJson(value);
+        out.value(toJson(value));
     }
 }
 
+/// Every element of a vector is an item of \a budget.
 template <typename T>
-QJsonValue propertyValueToJson(const std::vector<T> &values)
+void writePropertyValue(JsonStream &out, ItemBudget &budget, const std::vector<T> &values)
 {
-    return writeArray(values, [](const T &value) { return propertyValueToJson(value); });
+    out.beginArray();
+    for (const T &value : values) {
+        if (budget.take())
+            writePropertyValue(out, budget, value);
+    }
+    out.endArray();
 }
 
 template <typename Record, int Index>
-void insertProperties(const Record &record, QJsonObject &out)
+void writeProperties(JsonStream &out, ItemBudget &budget, const Record &record)
 {
     if constexpr (HasProperty<Record, Index>::value) {
         const auto field = Record::propertyAt(std::integral_constant<int, Index>{});
-        out.insert(QString::fromLatin1(field.name), propertyValueToJson(record.*(field.member)));
-        insertProperties<Record, Index + 1>(record, out);
+        out.key(QLatin1String(field.name));
+        writePropertyValue(out, budget, record.*(field.member));
+        writeProperties<Record, Index + 1>(out, budget, record);
     }
 }
 
+/// Writes \a record while it is produced: its store type, then its properties in table order.
 template <typename Record>
-QJsonObject middlewareToJson(const Record &record)
+void writeMiddlewareJson(JsonStream &out, ItemBudget &budget, const Record &record)
 {
-    QJsonObject object{{QStringLiteral("StoreType"), record.layer()}};
-    insertProperties<Record, 1>(record, object);
-    return object;
+    out.beginObject();
+    out.key(QLatin1String("StoreType"));
+    out.number(record.layer());
+    writeProperties<Record, 1>(out, budget, record);
+    out.endObject();
 }
 
 template <typename Record>

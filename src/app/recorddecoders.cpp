@@ -190,19 +190,17 @@ template <typename Record>
 DecodeResult decodeMiddlewareRecord(const QByteArray &data, const QString &name)
 {
     DecodeResult result;
-    Record record;
+    auto record = std::make_shared<Record>();
     qint64 stoppedAt = 0;
     try {
-        Record::deserialize(data, record, stoppedAt);
+        Record::deserialize(data, *record, stoppedAt);
         result.ok = true;
     } catch (const QString &error) {
         result.offset = stoppedAt;
         result.error = QStringLiteral("%1 did not decode: %2 (in the block at byte offset %3)")
                            .arg(name, error, QString::number(stoppedAt));
     }
-    result.writeValue = [value = QJsonValue(middlewareToJson(record))](JsonStream &out, ItemBudget &budget) {
-        out.tree(value, &budget);
-    };
+    result.writeValue = [record](JsonStream &out, ItemBudget &budget) { writeMiddlewareJson(out, budget, *record); };
     if (result.ok) {
         // The library takes a stream that ends inside a block (what was read stays); for
         // someone looking at captured bytes that is a cut capture and worth failing on.

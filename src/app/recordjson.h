@@ -124,16 +124,6 @@ void fromJson(JsonReader &reader, const QJsonValue &json, base::DbDataType<T> &v
     value.setNull(false);
 }
 
-/// An array of \a values, each through \a writeEntry.
-template <typename T, typename WriteEntry>
-QJsonArray writeArray(const std::vector<T> &values, WriteEntry writeEntry)
-{
-    QJsonArray array;
-    for (const T &value : values)
-        array.append(writeEntry(value));
-    return array;
-}
-
 /// Replaces \a values by one value per array element, each read by \a readEntry(reader,
 /// json, value).
 template <typename T, typename ReadEntry>

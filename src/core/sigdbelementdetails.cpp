@@ -150,7 +150,8 @@ bool SigdbElementDetails::readNested(ColumnReader &reader)
             return false;
         included.push_back(std::move(detail));
     }
-    setIncludedDetails(included);
+    // Moved in rather than copied: the included details can be most of what the bytes hold.
+    m_included = std::move(included);
 
     std::vector<bool> flags;
     if (!reader.readFlags(ProfileFlagsTag, flags))

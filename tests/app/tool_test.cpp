@@ -405,6 +405,22 @@ TEST(ToolMiddleware, NestedRecordsAndValues)
     EXPECT_EQ(entries[0][QStringLiteral("RequiredInterfaceVersion")][QStringLiteral("Minor")].toInt(), 2);
 }
 
+TEST(ToolMiddleware, VectorEntriesBeyondTheMaximumAreCounted)
+{
+    sigdb::VersionInfo info;
+    info.getProductVersion().setOrigin("server");
+    sigdb::VersionInfoVector versions;
+    versions.setVersionInfoVector(std::vector<sigdb::VersionInfo>(5, info));
+    const ToolRun run = runTool(args({"inspect", "--record", "VersionInfoVector", "--max-items", "2"}), encoded(versions));
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QJsonObject json = run.json();
+    const QJsonObject value = json[QStringLiteral("value")].toObject();
+    EXPECT_EQ(value[QStringLiteral("VersionInfoVector")].toArray().size(), 2);
+    EXPECT_EQ(json[QStringLiteral("itemsLeftOut")].toInt(), 3);
+    EXPECT_EQ(value.keys().first(), QStringLiteral("StoreType")) << "the fields are there around the cut";
+    EXPECT_EQ(run.err, "note: 3 more items are left out (--max-items)\n");
+}
+
 TEST(ToolMiddleware, MissingPropertyNamesItAndTheBlock)
 {
     // InterfaceVersion with StoreType and Minor but no Major.
@@ -640,6 +656,18 @@ TEST(ToolHostileInput, ADetailsListCutShortShowsTheDetailsBefore)
     EXPECT_EQ(decoded[QStringLiteral("details")].toArray().size(), 1);
     EXPECT_TRUE(run.err.startsWith("error: ElementDetailsList did not decode: the frame ending at byte offset"))
         << run.err.toStdString();
+}
+
+TEST(ToolHostileInput, NumbersBeyondSixtyFourBitsAreWrittenAsTheyAre)
+{
+    // Found by fuzzing: the eight bytes fcfcfcfc 00000300 read as a double are about -1.16e294,
+    // far beyond any 64-bit integer; the writer of whole numbers must not take it for one.
+    const ToolRun run = runTool(args({"inspect", "--raw", "column", "--hex"}),
+                                "0001 0008 00000000 00000001 0001 0002 0002 0002 0002 0000 0001 0008 "
+                                "fcfcfcfc 00000300 00");
+    EXPECT_EQ(run.exitCode, 1) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains("\"double\": -1.1571171681291964e+294")) << run.out.toStdString();
+    EXPECT_FALSE(run.json().isEmpty()) << "a valid document";
 }
 
 TEST(ToolHostileInput, InputBeyondTheMaximumIsRefused)
