@@ -127,7 +127,7 @@ DecodeResult decodeColumnRecord<ElementDetailsList>(const QByteArray &data, cons
     });
     DecodeResult result = columnOutcome(read, reader, name);
     if (tableMalformed) {
-        result.error = QStringLiteral("%1 did not decode: the callsign table text of detail %2, ending at "
+        result.error = QStringLiteral("%1 did not decode: the callsign table text of details[%2], ending at "
                                       "byte offset %3, is malformed")
                            .arg(name)
                            .arg(complete)

@@ -641,7 +641,7 @@ TEST(ToolHostileInput, AMalformedTableTextFailsItsDetailAndShowsTheOnesBefore)
     const int end = json[QStringLiteral("offset")].toInt();
     EXPECT_GT(end, 0);
     EXPECT_LT(end, bytes.size());
-    EXPECT_EQ(run.err, QStringLiteral("error: ElementDetailsList did not decode: the callsign table text of detail 1, "
+    EXPECT_EQ(run.err, QStringLiteral("error: ElementDetailsList did not decode: the callsign table text of details[1], "
                                       "ending at byte offset %1, is malformed\n")
                            .arg(end)
                            .toUtf8());
