@@ -8,7 +8,6 @@
 #include <functional>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 // Hash indexes for the callsign table algorithms. Networks with tens of thousands of
@@ -94,6 +93,92 @@ private:
     std::unordered_map<ElementKey, int, ElementKeyHash> m_positions;
 };
 
+/// A set of keys in one flat array (open addressing, linear probing) with each key's hash kept
+/// beside it: a look-up touches one run of neighbouring slots instead of a chain of nodes
+/// spread over the heap, which matters once the tables are larger than the caches.
+template <typename Key, typename KeyHash, typename KeyEqual>
+class FlatKeySet
+{
+public:
+    FlatKeySet(std::size_t expected, KeyHash hash, KeyEqual equal)
+        : m_hash(hash)
+        , m_equal(equal)
+    {
+        rehash(capacityFor(expected));
+    }
+
+    void insert(const Key &key)
+    {
+        if (2 * (m_size + 1) > m_slots.size())
+            rehash(2 * m_slots.size());
+        const std::size_t hash = mixed(m_hash(key));
+        std::size_t at = hash & m_mask;
+        for (; m_slots[at].used; at = (at + 1) & m_mask) {
+            if (m_slots[at].hash == hash && m_equal(m_slots[at].key, key))
+                return;
+        }
+        m_slots[at] = Slot{hash, key, true};
+        ++m_size;
+    }
+
+    bool contains(const Key &key) const
+    {
+        const std::size_t hash = mixed(m_hash(key));
+        for (std::size_t at = hash & m_mask; m_slots[at].used; at = (at + 1) & m_mask) {
+            if (m_slots[at].hash == hash && m_equal(m_slots[at].key, key))
+                return true;
+        }
+        return false;
+    }
+
+private:
+    struct Slot
+    {
+        std::size_t hash = 0;
+        Key key{};
+        bool used = false;
+    };
+
+    /// Spreads the bits of a hash over the low ones that pick the slot.
+    static std::size_t mixed(std::size_t hash)
+    {
+        hash ^= hash >> 33;
+        hash *= 0xff51afd7ed558ccdULL;
+        hash ^= hash >> 33;
+        return hash;
+    }
+
+    /// A power of two that keeps \a count keys at most half full.
+    static std::size_t capacityFor(std::size_t count)
+    {
+        std::size_t capacity = 16;
+        while (capacity < 2 * count)
+            capacity *= 2;
+        return capacity;
+    }
+
+    void rehash(std::size_t capacity)
+    {
+        std::vector<Slot> old(capacity);
+        old.swap(m_slots);
+        m_mask = capacity - 1;
+        for (const Slot &slot : old) {
+            if (!slot.used)
+                continue;
+            std::size_t at = slot.hash & m_mask;
+            while (m_slots[at].used)
+                at = (at + 1) & m_mask;
+            m_slots[at] = slot;
+        }
+    }
+
+    KeyHash m_hash;
+    KeyEqual m_equal;
+    std::vector<Slot> m_slots;
+    std::size_t m_mask = 0;
+    std::size_t m_size = 0;
+};
+
 /// Whether every entry of \a mine matches some entry of \a other, in time linear in the two
 /// sizes however many entries are alike.
 ///
@@ -109,7 +194,7 @@ template <typename Key, typename Entry, typename KeyHash, typename KeyEqual, typ
 bool everyEntryMatchedIn(const std::vector<Entry> &mine, const std::vector<Entry> &other, KeyHash hash,
                          KeyEqual equal, StoredKeys storedKeys, WantedKeys wantedKeys)
 {
-    std::unordered_set<Key, KeyHash, KeyEqual> stored(other.size(), hash, equal);
+    FlatKeySet<Key, KeyHash, KeyEqual> stored(other.size(), hash, equal);
     for (const Entry &entry : other) {
         storedKeys(entry, [&stored, &equal](const Key &key) {
             if (equal(key, key))
@@ -118,7 +203,7 @@ bool everyEntryMatchedIn(const std::vector<Entry> &mine, const std::vector<Entry
     }
     for (const Entry &entry : mine) {
         bool found = false;
-        wantedKeys(entry, [&stored, &found](const Key &key) { found = found || stored.count(key) != 0; });
+        wantedKeys(entry, [&stored, &found](const Key &key) { found = found || stored.contains(key); });
         if (!found)
             return false;
     }
