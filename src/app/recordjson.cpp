@@ -22,6 +22,7 @@
 #include <functional>
 #include <limits>
 #include <tuple>
+#include <utility>
 
 namespace sigdbtool {
 
@@ -823,9 +824,10 @@ void recordFromJson(JsonReader &reader, const QJsonValue &json, Record &record)
     layoutFromJson(reader, json, record);
 }
 
-/// Writes the records of a callsign table text as the JSON of a table (the fields of the
-/// table's and the set's layouts above), one record at a time: a short text can stand for
-/// millions of records.
+/// Writes the records of a callsign table text as the JSON of a table, one record at a time: a
+/// short text can stand for millions of records. The table's three fields are named here as
+/// its layout above names them (the records arrive between them); a set is written by its
+/// layout.
 class TableJsonWriter : public CallsignTableText::Visitor
 {
 public:
@@ -846,13 +848,16 @@ public:
     {
         startSets();
         m_sink.budget.take();
+        // The set's fields as its layout names them; its entries (the last of them, still
+        // empty here) arrive one by one into the array left open.
         m_sink.out.beginObject();
-        m_sink.out.key(QLatin1String("firstValue"));
-        fieldToJson(m_sink, set.firstValue);
-        m_sink.out.key(QLatin1String("secondValue"));
-        fieldToJson(m_sink, set.secondValue);
-        m_sink.out.key(QLatin1String("entries"));
-        m_sink.out.beginArray();
+        Layout<CallsignSet>::visit(std::as_const(set), [this](const char *name, auto &&field) {
+            m_sink.out.key(QLatin1String(name));
+            if constexpr (IsVector<std::decay_t<decltype(field)>>::value)
+                m_sink.out.beginArray();
+            else
+                fieldToJson(m_sink, field);
+        });
     }
     void entry(CallsignEntry &&entry) override
     {

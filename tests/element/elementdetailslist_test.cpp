@@ -80,6 +80,17 @@ ElementDetails newUnit()
     return details;
 }
 
+// The bytes of a list of \a details, as the library sends it.
+QByteArray encodedDetails(const std::vector<ElementDetails> &details)
+{
+    ElementDetailsList list;
+    for (const ElementDetails &detail : details)
+        list.appendDetails(detail);
+    QByteArray out;
+    list.serialize(out);
+    return out;
+}
+
 bool decode(const QByteArray &data, ElementDetailsList &list)
 {
     list.setIDs(0);
@@ -246,10 +257,7 @@ TEST(ElementDetailsList, RoundTripOfANewElement)
 
 TEST(ElementDetailsList, CallsignTableTravelsAsOneUtf8Text)
 {
-    ElementDetailsList list;
-    list.appendDetails(newUnit());
-    QByteArray out;
-    list.serialize(out);
+    const QByteArray out = encodedDetails({newUnit()});
     const QByteArray text = newUnit().callsignTable().toUtf8Text();
     // Tag 1111, size length + 1, then the text as a C string, as a bare stream writes it.
     QByteArray frame;
@@ -265,10 +273,7 @@ TEST(ElementDetailsList, CallsignTableTravelsAsOneUtf8Text)
 
 TEST(ElementDetailsList, TruncatedAtEveryPositionFails)
 {
-    ElementDetailsList list;
-    list.appendDetails(newUnit());
-    QByteArray out;
-    list.serialize(out);
+    const QByteArray out = encodedDetails({newUnit()});
     for (int length = 14; length < out.size(); ++length) {
         ElementDetailsList back;
         EXPECT_FALSE(decode(out.left(length), back)) << "length " << length;
@@ -284,10 +289,7 @@ TEST(ElementDetailsList, HugeCountOnAShortStreamFails)
 
 TEST(ElementDetailsList, CorruptCallsignTableTextFailsTheDetail)
 {
-    ElementDetailsList list;
-    list.appendDetails(ElementDetails());
-    QByteArray out;
-    list.serialize(out);
+    const QByteArray out = encodedDetails({ElementDetails()});
     const int at = out.lastIndexOf(bytes("0457"));
     ASSERT_GT(at, 0);
     QByteArray corrupt = out.left(at);
@@ -351,10 +353,7 @@ TEST(ElementDetailsList, ReadOneByOneGivesWhatReadingTheListGives)
 
 TEST(ElementDetailsList, ReadOneByOneFailsWhereReadingTheListFails)
 {
-    ElementDetailsList list;
-    list.appendDetails(newUnit());
-    QByteArray out;
-    list.serialize(out);
+    const QByteArray out = encodedDetails({newUnit()});
     for (int length = 0; length < out.size(); ++length) {
         ElementDetailsList whole;
         ElementDetailsList oneByOne;
